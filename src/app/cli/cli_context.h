@@ -1,0 +1,34 @@
+#pragma once
+
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+
+#include "core/document/application.h"
+#include "core/document/clock.h"
+#include "core/document/scripted_ui.h"
+#include "platform/posix_launcher.h"
+
+namespace tesselo::cli {
+
+// Exit statuses of tesselo-cli.
+inline constexpr int exit_done = 0;
+inline constexpr int exit_refused = 1;
+inline constexpr int exit_usage = 2;
+inline constexpr int exit_unanswered = 3;
+
+// One run of tesselo-cli: the application with the command line's ports.
+struct CliContext {
+    explicit CliContext(const std::filesystem::path& home, std::ostream& out = std::cout)
+        : ui(out), app(ui, clock, launcher, home), output(out)
+    {
+    }
+    ScriptedUi ui;
+    SystemClock clock;
+    PosixLauncher launcher;
+    Application app;
+    std::ostream& output;
+};
+
+}  // namespace tesselo::cli

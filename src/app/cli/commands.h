@@ -1,0 +1,28 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "app/cli/cli_context.h"
+
+namespace tesselo::cli {
+
+// What every command shares: the home folder option.
+struct GlobalOptions {
+    std::string home;
+};
+
+// Makes the application for one command, in the home folder the options,
+// the environment or the rule of the program's folder choose.
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options);
+
+// Each family of commands adds its subcommands; `run` is set to the chosen
+// command's work and gives the exit status.
+using CommandRun = std::function<int()>;
+void add_document_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+
+}  // namespace tesselo::cli

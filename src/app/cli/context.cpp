@@ -1,0 +1,35 @@
+#include <filesystem>
+#include <unistd.h>
+
+#include "app/cli/commands.h"
+#include "core/document/home_folder.h"
+
+#ifndef TESSELO_INSTALLED_DATA
+#define TESSELO_INSTALLED_DATA ""
+#endif
+
+namespace tesselo::cli {
+
+namespace {
+
+std::filesystem::path executable_folder()
+{
+    std::error_code ec;
+    const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
+    return ec ? std::filesystem::path{} : exe.parent_path();
+}
+
+}  // namespace
+
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options)
+{
+    std::optional<std::filesystem::path> option;
+    if (!options.home.empty()) option = options.home;
+    const auto home = resolve_home(home_sources_from_environment(executable_folder(), option));
+    std::string why;
+    if (!prepare_home(home, TESSELO_INSTALLED_DATA, why))
+        std::cerr << "tesselo-cli: cannot use the home folder " << home << ": " << why << '\n';
+    return std::make_unique<CliContext>(home);
+}
+
+}  // namespace tesselo::cli

@@ -1,0 +1,78 @@
+#include "core/document/application.h"
+
+#include <algorithm>
+
+#include "core/document/clock.h"
+#include "core/document/log.h"
+
+namespace tesselo {
+
+Application::Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesystem::path home)
+    : ui_(ui), clock_(clock), launcher_(launcher), home_(std::move(home))
+{
+    for (auto& slot : slots_) slot = std::make_unique<Configuration>();
+}
+
+Application::~Application() = default;
+
+Document* Application::active()
+{
+    if (active_ < 0 || active_ >= static_cast<int>(documents_.size())) return nullptr;
+    return &documents_[static_cast<std::size_t>(active_)];
+}
+
+void Application::activate(int document)
+{
+    if (document < -1 || document >= static_cast<int>(documents_.size())) return;
+    active_ = document;
+    notify([](ApplicationListener& l) { l.active_document_changed(); });
+}
+
+int Application::document_of_slot(int slot) const
+{
+    // The newest window of the slot: after a refused close a slot may be
+    // taken again while the old window stays open.
+    for (int i = static_cast<int>(documents_.size()) - 1; i >= 0; --i)
+        if (documents_[static_cast<std::size_t>(i)].slot == slot) return i;
+    return -1;
+}
+
+int Application::add_document(int slot, const std::string& title)
+{
+    documents_.push_back({slot, title});
+    const int index = static_cast<int>(documents_.size()) - 1;
+    notify([index](ApplicationListener& l) { l.document_opened(index); });
+    activate(index);
+    return index;
+}
+
+void Application::remove_document(int document)
+{
+    if (document < 0 || document >= static_cast<int>(documents_.size())) return;
+    const int slot = documents_[static_cast<std::size_t>(document)].slot;
+    documents_.erase(documents_.begin() + document);
+    notify([slot](ApplicationListener& l) { l.document_closed(slot); });
+    // As in any MDI frame, the window behind the closed one becomes active.
+    activate(documents_.empty() ? -1 : static_cast<int>(documents_.size()) - 1);
+}
+
+void Application::set_title(int document, const std::string& title)
+{
+    if (document < 0 || document >= static_cast<int>(documents_.size())) return;
+    documents_[static_cast<std::size_t>(document)].title = title;
+    notify([document](ApplicationListener& l) { l.document_retitled(document); });
+}
+
+void Application::add_listener(ApplicationListener* listener) { listeners_.push_back(listener); }
+
+void Application::remove_listener(ApplicationListener* listener)
+{
+    listeners_.erase(std::remove(listeners_.begin(), listeners_.end(), listener), listeners_.end());
+}
+
+void Application::write_log(const std::string& text)
+{
+    append_log_line(home_ / log_file_name(clock_.local_time()), text);
+}
+
+}  // namespace tesselo

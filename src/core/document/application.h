@@ -1,0 +1,95 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/model/configuration.h"
+#include "core/model/limits.h"
+
+namespace tesselo {
+
+class Ui;
+class Clock;
+class Launcher;
+
+// An open document window (a mainform): the slot its tables live in (its tag)
+// and its title, "Untitled" and a number, or the file's path.
+struct Document {
+    int slot = 0;
+    std::string title;
+};
+
+// Told when documents come and go, so that the windows can follow.
+class ApplicationListener {
+public:
+    virtual ~ApplicationListener() = default;
+    virtual void document_opened(int /*document*/) {}
+    virtual void document_retitled(int /*document*/) {}
+    // The document's page windows and the properties window are to be hidden.
+    virtual void document_views_hidden(int /*document*/) {}
+    virtual void document_closed(int /*slot*/) {}
+    virtual void active_document_changed() {}
+};
+
+// The one application object: ten document slots with their tables, the open
+// documents, the ports to the outside world. Its tables are allocated once.
+class Application {
+public:
+    Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesystem::path home);
+    ~Application();
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+
+    Ui& ui() { return ui_; }
+    Clock& clock() { return clock_; }
+    Launcher& launcher() { return launcher_; }
+    const std::filesystem::path& home() const { return home_; }
+
+    Configuration& config(int slot) { return *slots_[static_cast<std::size_t>(slot)]; }
+
+    // One byte per slot: 0 free, 1 in use.
+    std::array<std::uint8_t, document_slots> slot_in_use{};
+
+    // The open document windows, in the order they were opened.
+    std::vector<Document>& documents() { return documents_; }
+    int active_document() const { return active_; }
+    Document* active();
+    void activate(int document);
+    // The document window of a slot, or -1.
+    int document_of_slot(int slot) const;
+
+    int add_document(int slot, const std::string& title);
+    void remove_document(int document);
+    void set_title(int document, const std::string& title);
+
+    void add_listener(ApplicationListener* listener);
+    void remove_listener(ApplicationListener* listener);
+    template <typename F>
+    void notify(F&& f)
+    {
+        for (auto* l : std::vector<ApplicationListener*>(listeners_)) f(*l);
+    }
+
+    // Where save_tofile in download mode hands the finished image.
+    std::function<void(const std::vector<std::uint8_t>& image, std::size_t length)> download_hook;
+
+    // One line to the day's log file in the home folder.
+    void write_log(const std::string& text);
+
+private:
+    Ui& ui_;
+    Clock& clock_;
+    Launcher& launcher_;
+    std::filesystem::path home_;
+    std::array<std::unique_ptr<Configuration>, document_slots> slots_;
+    std::vector<Document> documents_;
+    int active_ = -1;
+    std::vector<ApplicationListener*> listeners_;
+};
+
+}  // namespace tesselo

@@ -1,0 +1,150 @@
+#include "core/document/lifecycle.h"
+
+#include "core/document/application.h"
+#include "core/document/launcher.h"
+#include "core/document/ui.h"
+#include "core/image/image_writer.h"
+#include "core/model/configuration.h"
+
+namespace tesselo {
+
+namespace {
+
+int slots_in_use(const Application& app)
+{
+    int count = 0;
+    for (auto used : app.slot_in_use) count += used ? 1 : 0;
+    return count;
+}
+
+bool is_untitled(const std::string& title) { return title.compare(0, 8, "Untitled") == 0; }
+
+// Writes the document's file under its title, with the status text and the
+// wait cursor around the work.
+bool save_document(Application& app, int document, const std::string& path)
+{
+    Ui& ui = app.ui();
+    ui.status("Save Configuration");
+    WaitCursor wait(ui);
+    return save_tofile(app, path, 0, app.documents()[static_cast<std::size_t>(document)].slot);
+}
+
+}  // namespace
+
+std::string document_display_name(const std::string& title)
+{
+    if (is_untitled(title)) return title;
+    const auto cut = title.find_last_of('/');
+    return cut == std::string::npos ? title : title.substr(cut + 1);
+}
+
+int create_mainform(Application& app, const std::string& title)
+{
+    int slot = -1;
+    for (int s = 0; s < document_slots; ++s)
+        if (!app.slot_in_use[static_cast<std::size_t>(s)]) {
+            slot = s;
+            break;
+        }
+    if (slot < 0) return -1;
+    app.slot_in_use[static_cast<std::size_t>(slot)] = 1;
+    init_new_configuration(app.config(slot), slot);
+    return app.add_document(slot, title.empty() ? "Untitled" + std::to_string(slot + 1) : title);
+}
+
+int muNew(Application& app)
+{
+    if (slots_in_use(app) > 9) {
+        app.ui().message(title_files, "Exceed files open", Icon::exclamation);
+        return -1;
+    }
+    app.write_log("add new (start) ");
+    const int document = create_mainform(app);
+    if (document < 0) return -1;
+    app.write_log("open new file - " + app.documents()[static_cast<std::size_t>(document)].title);
+    return document;
+}
+
+bool muSaveas(Application& app, int document)
+{
+    if (document < 0) document = app.active_document();
+    if (document < 0) return false;
+    const std::string old_title = app.documents()[static_cast<std::size_t>(document)].title;
+    const auto chosen = app.ui().save_file("Save As", config_file_filter, is_untitled(old_title) ? std::string{} : old_title);
+    if (!chosen || chosen->empty()) return false;
+    // The title changes only with a file that was written.
+    if (!save_document(app, document, *chosen)) return false;
+    app.set_title(document, *chosen);
+    app.write_log("save Data Config File as - " + *chosen);
+    return true;
+}
+
+bool muSave(Application& app)
+{
+    const int document = app.active_document();
+    if (document < 0) return false;
+    const std::string title = app.documents()[static_cast<std::size_t>(document)].title;
+    if (is_untitled(title)) return muSaveas(app, document);
+    if (!save_document(app, document, title)) return false;
+    app.write_log("save Data Config File - " + title);
+    return true;
+}
+
+bool close_document(Application& app, int document)
+{
+    if (document < 0 || document >= static_cast<int>(app.documents().size())) return false;
+    const int slot = app.documents()[static_cast<std::size_t>(document)].slot;
+    app.slot_in_use[static_cast<std::size_t>(slot)] = 0;
+    const std::string name = document_display_name(app.documents()[static_cast<std::size_t>(document)].title);
+    app.notify([document](ApplicationListener& l) { l.document_views_hidden(document); });
+
+    const Answer answer = app.ui().ask(title_main, "Do you want to save the changes to " + name + "?",
+                                       Buttons::yes_no_cancel, Icon::exclamation);
+    // Cancel keeps the document open with its slot counted as free.
+    if (answer == Answer::cancel) return false;
+    if (answer == Answer::yes && !muSaveas(app, document)) {
+        // A Save As that was not carried out keeps the document, and its slot.
+        app.slot_in_use[static_cast<std::size_t>(slot)] = 1;
+        return false;
+    }
+    app.write_log("close file " + name);
+    app.remove_document(document);
+    return true;
+}
+
+bool close_frame(Application& app)
+{
+    app.launcher().end_process((app.home() / simulator_program_name).string());
+    while (!app.documents().empty()) {
+        // In turn from the front window.
+        if (!close_document(app, app.active_document() >= 0 ? app.active_document() : 0)) return false;
+    }
+    app.write_log("close tessel");
+    return true;
+}
+
+void muSimulator(Application& app)
+{
+    const Document* doc = app.active();
+    if (!doc) return;
+    const std::string program = (app.home() / simulator_program_name).string();
+    Launcher& launcher = app.launcher();
+    if (launcher.is_running(program)) {
+        launcher.bring_forward(program);
+    } else {
+        if (!save_tofile(app, (app.home() / scratch_image_name).string(), 0, doc->slot)) return;
+        if (!launcher.start(program, app.home().string())) {
+            app.ui().message(title_main, shell_error_text(2), Icon::exclamation);
+            return;
+        }
+    }
+    app.write_log("run simulator - " + doc->title);
+}
+
+void open_pdf(Application& app)
+{
+    const int result = app.launcher().open_document((app.home() / help_file_name).string());
+    if (result <= 32) app.ui().message(title_main, shell_error_text(result), Icon::exclamation);
+}
+
+}  // namespace tesselo

@@ -1,0 +1,79 @@
+#include "core/document/scripted_ui.h"
+
+namespace tesselo {
+
+std::string quoted(const std::string& text)
+{
+    std::string q = "\"";
+    for (char c : text) {
+        switch (c) {
+        case '\\': q += "\\\\"; break;
+        case '"': q += "\\\""; break;
+        case '\r': q += "\\r"; break;
+        case '\n': q += "\\n"; break;
+        default: q += c;
+        }
+    }
+    return q + "\"";
+}
+
+void ScriptedUi::message(const std::string& title, const std::string& text, Icon)
+{
+    out_ << "message " << quoted(title) << ' ' << quoted(text) << '\n';
+}
+
+std::optional<std::string> ScriptedUi::take_answer(std::initializer_list<const char*> words)
+{
+    if (answers_.empty()) return std::nullopt;
+    for (const char* w : words)
+        if (answers_.front() == w) {
+            std::string word = answers_.front();
+            answers_.pop_front();
+            return word;
+        }
+    return std::nullopt;
+}
+
+Answer ScriptedUi::ask(const std::string& title, const std::string& text, Buttons buttons, Icon)
+{
+    std::optional<std::string> word;
+    switch (buttons) {
+    case Buttons::ok: word = take_answer({"ok"}); break;
+    case Buttons::ok_cancel: word = take_answer({"ok", "cancel"}); break;
+    case Buttons::yes_no: word = take_answer({"yes", "no"}); break;
+    case Buttons::yes_no_cancel: word = take_answer({"yes", "no", "cancel"}); break;
+    }
+    if (!word) {
+        // An OK-only box needs no answer; any other question does.
+        if (buttons == Buttons::ok) word = "ok";
+        else {
+            unanswered_ = true;
+            word = "cancel";
+            if (buttons == Buttons::yes_no) word = "no";
+        }
+    }
+    out_ << "ask " << quoted(title) << ' ' << quoted(text) << " -> " << *word << '\n';
+    if (*word == "yes") return Answer::yes;
+    if (*word == "no") return Answer::no;
+    if (*word == "ok") return Answer::ok;
+    return Answer::cancel;
+}
+
+std::optional<std::string> ScriptedUi::take_file()
+{
+    if (answers_.empty() || answers_.front().rfind("file:", 0) != 0) return std::nullopt;
+    std::string path = answers_.front().substr(5);
+    answers_.pop_front();
+    return path;
+}
+
+std::optional<std::string> ScriptedUi::open_file(const std::string&, const std::string&) { return take_file(); }
+
+std::optional<std::string> ScriptedUi::save_file(const std::string&, const std::string&, const std::string&)
+{
+    return take_file();
+}
+
+void ScriptedUi::status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }
+
+}  // namespace tesselo

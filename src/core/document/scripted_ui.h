@@ -1,0 +1,56 @@
+#pragma once
+
+#include <deque>
+#include <ostream>
+#include <string>
+
+#include "core/document/ui.h"
+
+namespace tesselo {
+
+// The Ui of the command line and the tests: every message, question and
+// status text is printed as one line, and questions and file dialogs are
+// answered from a queue ("yes", "no", "cancel", "ok", "continue", "giveup",
+// "file:PATH").
+class ScriptedUi : public Ui {
+public:
+    explicit ScriptedUi(std::ostream& out) : out_(out) {}
+
+    void queue_answer(const std::string& word) { answers_.push_back(word); }
+    // Puts an answer before every queued one: the next dialog takes it.
+    void queue_answer_first(const std::string& word) { answers_.push_front(word); }
+    void clear_answers() { answers_.clear(); }
+    std::size_t queued() const { return answers_.size(); }
+    // Set when a question found no answer in the queue (it was taken as Cancel).
+    bool unanswered() const { return unanswered_; }
+    void reset_unanswered() { unanswered_ = false; }
+
+    void message(const std::string& title, const std::string& text, Icon icon) override;
+    Answer ask(const std::string& title, const std::string& text, Buttons buttons, Icon icon) override;
+    std::optional<std::string> open_file(const std::string& title, const std::string& filter) override;
+    std::optional<std::string> save_file(const std::string& title, const std::string& filter,
+                                         const std::string& suggested) override;
+    void status(const std::string& text) override;
+    void progress(int, int) override {}
+    void wait_cursor(bool) override {}
+    void repaint() override {}
+    void yield() override {}
+
+    // The next queued word if it is one of `words`, taken from the queue.
+    std::optional<std::string> take_answer(std::initializer_list<const char*> words);
+
+protected:
+    std::ostream& out() { return out_; }
+
+private:
+    std::optional<std::string> take_file();
+
+    std::ostream& out_;
+    std::deque<std::string> answers_;
+    bool unanswered_ = false;
+};
+
+// A text between double quotes, with \\, \", \r and \n escaped.
+std::string quoted(const std::string& text);
+
+}  // namespace tesselo

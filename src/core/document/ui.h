@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace tesselo {
+
+enum class Icon { none, information, exclamation, critical, question };
+enum class Buttons { ok, ok_cancel, yes_no, yes_no_cancel };
+enum class Answer { ok, cancel, yes, no };
+
+// What core needs of the window system. The editor supplies message boxes and
+// dialogs; the command line supplies a scripted one that prints and answers
+// from a queue.
+class Ui {
+public:
+    virtual ~Ui() = default;
+
+    virtual void message(const std::string& title, const std::string& text, Icon icon) = 0;
+    virtual Answer ask(const std::string& title, const std::string& text, Buttons buttons, Icon icon) = 0;
+    // The file dialogs: the chosen path, or nothing when the user cancels.
+    virtual std::optional<std::string> open_file(const std::string& title, const std::string& filter) = 0;
+    virtual std::optional<std::string> save_file(const std::string& title, const std::string& filter,
+                                                 const std::string& suggested) = 0;
+    virtual void status(const std::string& text) = 0;
+    virtual void progress(int value, int maximum) = 0;
+    virtual void wait_cursor(bool on) = 0;
+    virtual void repaint() = 0;
+    // Lets the window system repaint during a long loop.
+    virtual void yield() = 0;
+};
+
+// The titles of the system's message boxes. All three are in use.
+inline const std::string title_main = "Kelvaro Tesselo 3";
+inline const std::string title_alt = "Kelvarzo Tesselo 3";
+inline const std::string title_files = "Kelvaro Tessel 3";
+
+// Shows the wait cursor for the life of the guard, so that every exit restores it.
+class WaitCursor {
+public:
+    explicit WaitCursor(Ui& ui) : ui_(ui) { ui_.wait_cursor(true); }
+    ~WaitCursor() { ui_.wait_cursor(false); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+private:
+    Ui& ui_;
+};
+
+}  // namespace tesselo
