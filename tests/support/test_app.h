@@ -97,3 +97,76 @@ inline std::vector<std::uint8_t> read_bytes(const std::filesystem::path& path)
 }
 
 }  // namespace tesselo::testing
+
+namespace tesselo::testing {
+
+// A scripted Ui that also remembers the dialogs it was shown and the progress
+// and wait cursor it was given.
+class RecordingUi : public ScriptedUi {
+public:
+    using ScriptedUi::ScriptedUi;
+    struct Dialog {
+        std::string kind, title, filter, suggested;
+    };
+    std::vector<Dialog> dialogs;
+    std::vector<std::pair<int, int>> progress_values;
+    std::vector<Icon> icons;
+    int wait_depth = 0;
+    int wait_calls = 0;
+
+    void message(const std::string& title, const std::string& text, Icon icon) override
+    {
+        icons.push_back(icon);
+        ScriptedUi::message(title, text, icon);
+    }
+    Answer ask(const std::string& title, const std::string& text, Buttons buttons, Icon icon) override
+    {
+        icons.push_back(icon);
+        return ScriptedUi::ask(title, text, buttons, icon);
+    }
+    std::optional<std::string> open_file(const std::string& title, const std::string& filter) override
+    {
+        dialogs.push_back({"open", title, filter, {}});
+        return ScriptedUi::open_file(title, filter);
+    }
+    std::optional<std::string> save_file(const std::string& title, const std::string& filter,
+                                         const std::string& suggested) override
+    {
+        dialogs.push_back({"save", title, filter, suggested});
+        return ScriptedUi::save_file(title, filter, suggested);
+    }
+    void progress(int value, int maximum) override { progress_values.emplace_back(value, maximum); }
+    void wait_cursor(bool on) override
+    {
+        wait_depth += on ? 1 : -1;
+        if (on) ++wait_calls;
+    }
+};
+
+// TestApp with the recording Ui.
+struct RecordingApp {
+    TempFolder home;
+    std::ostringstream out;
+    RecordingUi ui{out};
+    VirtualClock clock;
+    RecordingLauncher launcher;
+    Application app{ui, clock, launcher, home.path()};
+
+    std::vector<std::string> take_lines()
+    {
+        std::vector<std::string> lines;
+        std::istringstream in(out.str());
+        for (std::string line; std::getline(in, line);) lines.push_back(line);
+        out.str("");
+        return lines;
+    }
+    std::vector<std::string> log_lines() const
+    {
+        std::vector<std::string> lines;
+        std::ifstream in(home.path() / "logfile_20261115.txt");
+        for (std::string line; std::getline(in, line);) lines.push_back(line);
+        return lines;
+    }
+};
+
+}  // namespace tesselo::testing
