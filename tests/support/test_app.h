@@ -62,34 +62,6 @@ private:
     std::filesystem::path path_;
 };
 
-// An application with the scripted Ui, a virtual clock and a recording
-// launcher, its home folder a fresh temporary one.
-struct TestApp {
-    TempFolder home;
-    std::ostringstream out;
-    ScriptedUi ui{out};
-    VirtualClock clock;
-    RecordingLauncher launcher;
-    Application app{ui, clock, launcher, home.path()};
-
-    // The lines printed so far, and forget them.
-    std::vector<std::string> take_lines()
-    {
-        std::vector<std::string> lines;
-        std::istringstream in(out.str());
-        for (std::string line; std::getline(in, line);) lines.push_back(line);
-        out.str("");
-        return lines;
-    }
-    std::vector<std::string> log_lines() const
-    {
-        std::vector<std::string> lines;
-        std::ifstream in(home.path() / "logfile_20261115.txt");
-        for (std::string line; std::getline(in, line);) lines.push_back(line);
-        return lines;
-    }
-};
-
 inline std::vector<std::uint8_t> read_bytes(const std::filesystem::path& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -143,15 +115,18 @@ public:
     }
 };
 
-// TestApp with the recording Ui.
-struct RecordingApp {
+// An application with a scripted Ui, a virtual clock and a recording
+// launcher, its home folder a fresh temporary one.
+template <typename UiType>
+struct BasicTestApp {
     TempFolder home;
     std::ostringstream out;
-    RecordingUi ui{out};
+    UiType ui{out};
     VirtualClock clock;
     RecordingLauncher launcher;
     Application app{ui, clock, launcher, home.path()};
 
+    // The lines printed so far, and forget them.
     std::vector<std::string> take_lines()
     {
         std::vector<std::string> lines;
@@ -160,6 +135,7 @@ struct RecordingApp {
         out.str("");
         return lines;
     }
+    // The lines of the day's log (the virtual clock's day).
     std::vector<std::string> log_lines() const
     {
         std::vector<std::string> lines;
@@ -168,5 +144,8 @@ struct RecordingApp {
         return lines;
     }
 };
+
+using TestApp = BasicTestApp<ScriptedUi>;
+using RecordingApp = BasicTestApp<RecordingUi>;
 
 }  // namespace tesselo::testing
