@@ -16,6 +16,9 @@ namespace {
 const QColor lcd_back(0xB4, 0xCF, 0x9A);
 const QColor lcd_ink(0x1F, 0x2A, 0x1A);
 
+// The body stands in the middle of a window wide enough for its title.
+constexpr qreal margin = 22;
+
 QRectF pixels(const TwipRect& r)
 {
     return QRectF(r.left / double(twips_per_pixel), r.top / double(twips_per_pixel), r.width / double(twips_per_pixel),
@@ -56,9 +59,13 @@ Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
     setWindowTitle(QString::fromStdString(page_node_key(app.config(slot), page)));
     setMouseTracking(true);
     const QRectF body = pixels(remote_body_rect());
-    setFixedSize(int(body.width()), int(body.height()));
+    setFixedSize(int(body.width() + 2 * margin), int(body.height() + 8));
+    setAutoFillBackground(true);
+    QPalette back = palette();
+    back.setColor(QPalette::Window, QColor(0xE9, 0xEB, 0xEE));
+    setPalette(back);
 
-    const QRectF panel = pixels(lcd_panel_rect());
+    const QRectF panel = to_pixels(lcd_panel_rect());
     for (int row = 0; row < lcd_rows; ++row) {
         auto* box = new LcdRowBox(row, this);
         // Each box is drawn in the top of its place: the glyphs are one row of dots high.
@@ -69,12 +76,12 @@ Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
     pagelabel = new QLabel(this);
     pagelabel->setObjectName("pagelabel");
     pagelabel->setAlignment(Qt::AlignCenter);
-    pagelabel->setGeometry(pixels(pagelabel_rect()).toRect());
+    pagelabel->setGeometry(to_pixels(pagelabel_rect()).toRect());
     pagelabel->setStyleSheet("color: #d8dde6; font-size: 9px; letter-spacing: 1px;");
     update_rows();
 }
 
-QRectF Remote::to_pixels(const TwipRect& r) const { return pixels(r); }
+QRectF Remote::to_pixels(const TwipRect& r) const { return pixels(r).translated(margin, 4); }
 
 QRectF Remote::picture_rect(int index) const { return to_pixels(key_picture_rect(index)); }
 
@@ -122,7 +129,7 @@ void Remote::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    draw_remote_body(p, rect());
+    draw_remote_body(p, to_pixels(remote_body_rect()));
     const QRectF panel = to_pixels(lcd_panel_rect());
     p.setPen(QPen(QColor(0x20, 0x24, 0x2A), 2));
     p.setBrush(QColor(0x26, 0x2A, 0x31));

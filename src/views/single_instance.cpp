@@ -34,8 +34,8 @@ InstanceServer::InstanceServer(QObject* parent) : QObject(parent), server_(new Q
 
 bool InstanceServer::listen(const QString& server_name)
 {
-    if (server_->listen(server_name)) return true;
-    // A name left behind by an editor that did not end cleanly: nobody answers on it.
+    // A running editor answers on its name; a name left behind by an editor
+    // that did not end cleanly has nobody behind it and is taken over.
     QLocalSocket probe;
     probe.connectToServer(server_name);
     if (probe.waitForConnected(300)) return false;
