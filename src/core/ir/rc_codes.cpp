@@ -43,11 +43,13 @@ int from_pair_digits(const std::array<char, 4>& pairs, std::string_view digits)
 
 // A decoder accepts only what its encoder would have built from the fields
 // it found: every word from 1 on must agree.
-bool same_words(const IrCodeWords& a, const IrCodeWords& b, int count)
+int accept_if_same(const IrCodeWords& words, const IrCodeWords& again, int count, const RcFields& found,
+                   RcFields& fields)
 {
     for (int i = 1; i < count; ++i)
-        if (a[static_cast<std::size_t>(i)] != b[static_cast<std::size_t>(i)]) return false;
-    return true;
+        if (words[static_cast<std::size_t>(i)] != again[static_cast<std::size_t>(i)]) return 0;
+    fields = found;
+    return 1;
 }
 
 }  // namespace
@@ -172,9 +174,7 @@ int Get_RC5_Code(const IrCodeWords& words, int count, RcFields& fields)
     if (uword(words, 3) & 0x4000) command += 64;
     IrCodeWords again{};
     encode_rc5(again, system, command);
-    if (!same_words(words, again, 8)) return 0;
-    fields = RcFields{system, command, 0, 0};
-    return 1;
+    return accept_if_same(words, again, 8, {system, command, 0, 0}, fields);
 }
 
 int Get_RC5x_Code(const IrCodeWords& words, int count, RcFields& fields)
@@ -193,9 +193,7 @@ int Get_RC5x_Code(const IrCodeWords& words, int count, RcFields& fields)
     if (uword(words, 3) & 0x4000) command += 64;
     IrCodeWords again{};
     encode_rc5x(again, doubled / 2, command, data);
-    if (!same_words(words, again, 9)) return 0;
-    fields = RcFields{doubled / 2, command, data, 0};
-    return 1;
+    return accept_if_same(words, again, 9, {doubled / 2, command, data, 0}, fields);
 }
 
 int Get_RC6_m0_Code(const IrCodeWords& words, int count, RcFields& fields)
@@ -207,9 +205,7 @@ int Get_RC6_m0_Code(const IrCodeWords& words, int count, RcFields& fields)
     if (system < 0 || command < 0) return 0;
     IrCodeWords again{};
     encode_rc6(again, system, command);
-    if (!same_words(words, again, 12)) return 0;
-    fields = RcFields{system, command, 0, 0};
-    return 1;
+    return accept_if_same(words, again, 12, {system, command, 0, 0}, fields);
 }
 
 int Get_RC6_mA_Code(const IrCodeWords& words, int count, RcFields& fields)
@@ -235,9 +231,8 @@ int Get_RC6_mA_Code(const IrCodeWords& words, int count, RcFields& fields)
     const int command = from_pair_digits(rc6_pairs, hex_text(uword(words, first_field + 1), 4));
     if (customer < 0 || system < 0 || command < 0) return 0;
     IrCodeWords again{};
-    if (encode_rc6a(again, customer, system, command) != count || !same_words(words, again, count)) return 0;
-    fields = RcFields{system, command, 0, customer};
-    return 1;
+    if (encode_rc6a(again, customer, system, command) != count) return 0;
+    return accept_if_same(words, again, count, {system, command, 0, customer}, fields);
 }
 
 }  // namespace tesselo
