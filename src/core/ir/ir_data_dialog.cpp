@@ -5,7 +5,6 @@
 #include <iterator>
 
 #include "core/document/application.h"
-#include "core/document/home_folder.h"
 #include "core/document/ui.h"
 #include "core/ir/ir_categories.h"
 #include "core/ir/ir_library_layout.h"
@@ -28,12 +27,11 @@ bool in_list(int index, std::size_t size) { return index >= 0 && static_cast<std
 
 IrLibraryFiles load_ir_library_files(const std::filesystem::path& home)
 {
-    const auto folder = home / data_base_folder;
     IrLibraryFiles files;
     files.library_path = ir_library_path(home);
     files.library = read_all(files.library_path);
-    files.keylist = read_all(folder / ir_keylist_file);
-    files.brandlist = read_all(folder / ir_brandlist_file);
+    files.keylist = read_all(data_base_file(home, ir_keylist_file));
+    files.brandlist = read_all(data_base_file(home, ir_brandlist_file));
     return files;
 }
 

@@ -1,5 +1,7 @@
 #include "core/ir/ir_library.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstring>
 #include <fstream>
 #include <iterator>
@@ -65,7 +67,25 @@ bool find_format(const std::vector<std::uint8_t>& bytes, int format_id, IrFormat
     return false;
 }
 
+std::string lower(std::string text)
+{
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return text;
+}
+
 }  // namespace
+
+std::filesystem::path data_base_file(const std::filesystem::path& home, const std::string& name)
+{
+    const auto folder = home / "Data base";
+    const auto exact = folder / name;
+    std::error_code ec;
+    if (std::filesystem::exists(exact, ec)) return exact;
+    for (std::filesystem::directory_iterator it(folder, ec), end; !ec && it != end; it.increment(ec))
+        if (lower(it->path().filename().string()) == lower(name)) return it->path();
+    return exact;
+}
 
 IrLibraryDirectory read_ir_directory(const std::vector<std::uint8_t>& library)
 {

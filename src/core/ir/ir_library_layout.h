@@ -31,10 +31,15 @@ inline constexpr int key_record_bytes = 80;  // word count, reserved, 33 words, 
 inline constexpr int alignment = 16;
 }  // namespace irlib
 
+// A file of a home folder's "Data base" folder. The name is matched without
+// regard to case when no file has it exactly, so that a folder written where
+// names ignore case ("5150Lib.bin") is found all the same.
+std::filesystem::path data_base_file(const std::filesystem::path& home, const std::string& name);
+
 // The library's path in a home folder.
 inline std::filesystem::path ir_library_path(const std::filesystem::path& home)
 {
-    return home / "Data base" / ir_library_file;
+    return data_base_file(home, ir_library_file);
 }
 
 }  // namespace tesselo

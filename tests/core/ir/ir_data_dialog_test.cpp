@@ -6,6 +6,7 @@
 
 #include "core/ir/ir_data_dialog.h"
 #include "core/ir/ir_library.h"
+#include "core/ir/ir_library_layout.h"
 #include "core/ir/rc_codes.h"
 #include "support/test_app.h"
 
@@ -109,6 +110,27 @@ TEST_F(IrDataTest, ALibraryThatCannotGiveTheKeyChangesNothing)
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{
                                   "message \"Kelvarzo Tesselo 3\" \"The selected IR maybe error please select again!\""});
     EXPECT_EQ(t.app.current_ir.name, "RC6 1 1");
+}
+
+}  // namespace
+}  // namespace tesselo
+
+namespace tesselo {
+namespace {
+
+TEST_F(IrDataTest, TheLibraryIsFoundUnderTheOtherCaseOfItsName)
+{
+    const auto folder = t.home.path() / "Data base";
+    fs::rename(folder / "5150LIb.bin", folder / "5150Lib.bin");
+    EXPECT_EQ(ir_library_path(t.home.path()), folder / "5150Lib.bin");
+    IRData dialog(t.app);
+    dialog.choose_category(0);
+    dialog.choose_brand(1);
+    dialog.choose_codeset(0);
+    dialog.choose_function(0);
+    EXPECT_TRUE(dialog.ok());
+    EXPECT_EQ(t.app.current_ir.name, "IR CODE tv002:");
+    EXPECT_EQ(t.app.current_ir.current_ir_word_count, 12);
 }
 
 }  // namespace
