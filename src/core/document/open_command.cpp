@@ -91,6 +91,7 @@ int load_checked(Application& app, const std::string& path)
 
 int open_configuration(Application& app, const std::string& path)
 {
+    app.open_state().file_corrupted = false;
     try {
         return load_checked(app, path);
     } catch (const ImageBoundsError&) {
@@ -98,6 +99,7 @@ int open_configuration(Application& app, const std::string& path)
     } catch (const std::runtime_error&) {
     }
     app.open_state().corruption_flag = corruption_none;
+    app.open_state().file_corrupted = true;
     app.ui().message(title_files, "file is corrupted", Icon::exclamation);
     return -1;
 }

@@ -33,6 +33,8 @@ inline constexpr std::uint8_t corruption_go_on = 2;
 struct OpenState {
     std::uint8_t corruption_flag = corruption_none;
     ErrorList error_list;
+    // Set when the last open ended in "file is corrupted".
+    bool file_corrupted = false;
 };
 
 }  // namespace tesselo
