@@ -79,7 +79,7 @@ TEST_F(Fuzz, MutatedImagesAreCorruptedOrLoaded)
 {
     std::mt19937 random(5678);
     const std::size_t header_bytes = 100;
-    for (int i = 0; i < 1500; ++i) {
+    for (int i = 0; i < 3000; ++i) {
         auto bytes = seed;
         const int changes = 1 + static_cast<int>(random() % 8);
         for (int c = 0; c < changes; ++c) {
