@@ -55,8 +55,8 @@ void add_tree_operations(ScriptOperations& ops)
             }
         return LineResult::refused;
     };
-    ops["add-device"] = on_active([](Application& app) { AddDevice(app, add_ordinary); });
-    ops["add-page"] = on_active([](Application& app) { addpage(app, add_ordinary); });
+    ops["add-device"] = on_active(muInsertdevice);
+    ops["add-page"] = on_active(muInsertPage);
     ops["undo"] = [](CliContext& ctx, const ScriptArgs& args) {
         if (!args.empty()) return LineResult::bad_line;
         muUndo_Click(ctx.app);

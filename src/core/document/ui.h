@@ -25,8 +25,8 @@ public:
     virtual std::optional<std::string> open_file(const std::string& title, const std::string& filter) = 0;
     virtual std::optional<std::string> save_file(const std::string& title, const std::string& filter,
                                                  const std::string& suggested) = 0;
-    // ErrorWindow, modal: `texts` are its lines of text, in order (the lines
-    // before the list, then those after it), `rows` the list of faults.
+    // ErrorWindow, modal: texts[0] stands above the list of faults `rows`,
+    // texts[1] onward below it, the last being the question.
     virtual ErrorWindowAnswer error_window(const std::string& title, const std::vector<std::string>& texts,
                                            const std::vector<std::string>& rows) = 0;
     virtual void status(const std::string& text) = 0;

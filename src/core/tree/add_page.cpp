@@ -121,4 +121,8 @@ void addpage(Application& app, int mode)
     app.write_log("Add page - " + device_text + "/PAGE" + std::to_string(N) + " - " + caption);
 }
 
+void muInsertdevice(Application& app) { AddDevice(app, add_ordinary); }
+
+void muInsertPage(Application& app) { addpage(app, add_ordinary); }
+
 }  // namespace tesselo

@@ -28,6 +28,10 @@ void AddDevice(Application& app, int mode, const KeyLabel* pasted_name = nullptr
 // last device (mode 1) of the active document.
 void addpage(Application& app, int mode);
 
+// Insert > Device and Insert > Page: the ordinary adds.
+void muInsertdevice(Application& app);
+void muInsertPage(Application& app);
+
 // 1 plus the pages of all devices: the children of every device node but
 // their properties node. HOME pages do not count.
 int count_allpages(const TreeModel& tree);
