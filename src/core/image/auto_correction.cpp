@@ -5,6 +5,7 @@
 #include "core/document/application.h"
 #include "core/document/log.h"
 #include "core/image/open_state.h"
+#include "core/model/action_chain.h"
 #include "core/model/configuration.h"
 
 namespace tesselo {
@@ -31,18 +32,15 @@ void for_each_key(Configuration& c, const std::function<void(SoftKey&, int page,
 void free_list(Configuration& c, int list)
 {
     if (list < 0 || list >= action_list_rows) return;
-    auto& entry = c.action_lists.entries[static_cast<std::size_t>(list)];
-    int step = entry.first_step;
-    for (int n = 0; n < entry.step_count && step >= 0 && step < action_step_rows; ++n) {
-        auto& s = c.action_steps.steps[static_cast<std::size_t>(step)];
-        const int next = s.next_step;
+    for (int row : steps_of_list(c, list)) {
+        auto& s = c.action_steps.steps[static_cast<std::size_t>(row)];
         if (s.step_type != step_free && c.action_steps.step_total > 0) --c.action_steps.step_total;
         s.step_type = step_free;
         s.param_low = free_byte;
         s.param_high = free_byte;
         s.next_step = end_of_list;
-        step = next;
     }
+    auto& entry = c.action_lists.entries[static_cast<std::size_t>(list)];
     if (entry.step_count > 0 && c.action_lists.list_count > 0) --c.action_lists.list_count;
     entry.first_step = 0;
     entry.step_count = 0;

@@ -4,7 +4,7 @@
 #include "core/document/ui.h"
 #include "core/model/configuration.h"
 #include "core/model/hardkey_defaults.h"
-#include "core/model/label_pool.h"
+#include "core/model/softkey_labels.h"
 #include "core/tree/adding.h"
 #include "core/tree/journal.h"
 #include "core/tree/node_keys.h"
@@ -173,11 +173,7 @@ void AddDevice(Application& app, int mode, const KeyLabel* pasted_name)
         tree.add(home, home_page_key(slot, P), "PAGE" + std::to_string(P), image_page);
         reset_entity_hardkeys(config, index);
         add_homekey(app, slot, P, index, true, 1, mode);
-        for (auto& window : app.page_windows().all())
-            if (window.slot == slot && window.caption.rfind("HOME", 0) == 0) {
-                window.pagelabel = window.pagelabel.substr(0, 3) + "/" + three_digits(P);
-                notify_window(app, slot, window.caption);
-            }
+        set_page_totals(app, slot, "HOME", P);
     } else {
         const HomePage& page = config.home_pages[static_cast<std::size_t>(P - 1)];
         bool taken[6] = {};

@@ -79,13 +79,7 @@ void addpage(Application& app, int mode)
     int N = 1;
     while (N < 127 && page_numbers[static_cast<std::size_t>(N)]) ++N;
 
-    const int total = pages + 1;
-    for (auto& window : app.page_windows().all())
-        if (window.slot == slot && window.caption.rfind(device + "\\", 0) == 0) {
-            window.pagelabel = window.pagelabel.substr(0, 3) + "/" + three_digits(total);
-            const std::string c = window.caption;
-            app.notify([slot, &c](ApplicationListener& l) { l.page_window_changed(slot, c); });
-        }
+    set_page_totals(app, slot, device + "\\", pages + 1);
 
     const int page_node = tree.add(node, device_page_key(device, N), "PAGE" + std::to_string(N), image_page);
     tree.node(node).expanded = true;

@@ -213,6 +213,16 @@ std::string page_counter(Application& app, int slot, const std::string& page_key
     return three_digits(static_cast<int>(place)) + "/" + three_digits(static_cast<int>(pages.size()) - 1);
 }
 
+void set_page_totals(Application& app, int slot, const std::string& caption_prefix, int total)
+{
+    for (auto& window : app.page_windows().all())
+        if (window.slot == slot && window.caption.rfind(caption_prefix, 0) == 0) {
+            window.pagelabel = window.pagelabel.substr(0, 3) + "/" + three_digits(total);
+            const std::string caption = window.caption;
+            app.notify([slot, &caption](ApplicationListener& l) { l.page_window_changed(slot, caption); });
+        }
+}
+
 void sync_page_windows(Application& app, int slot)
 {
     const Configuration& config = app.config(slot);

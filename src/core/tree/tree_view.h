@@ -28,6 +28,11 @@ void rebuild_tree_from_tables(Application& app, int slot);
 // and draws the others again from the restored tables.
 void sync_page_windows(Application& app, int slot);
 
+// The page counters of the open Remote windows of `slot` whose caption
+// begins with `caption_prefix`: their first three characters kept, then "/"
+// and `total` in three digits.
+void set_page_totals(Application& app, int slot, const std::string& caption_prefix, int total);
+
 // The page counter of a page: its place and the total, "001/003".
 std::string page_counter(Application& app, int slot, const std::string& page_key);
 
