@@ -29,11 +29,9 @@ struct OpenTest : ::testing::Test {
         out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
         return path;
     }
-    // A saved document of `devices` devices.
-    std::string saved(const std::string& name, int devices)
+    // Saves the active document as `name` in the home folder and closes it.
+    std::string save_and_close(const std::string& name)
     {
-        muNew(t.app);
-        for (int i = 0; i < devices; ++i) AddDevice(t.app, add_ordinary);
         const auto path = (t.home.path() / name).string();
         t.ui.queue_answer("file:" + path);
         EXPECT_TRUE(muSaveas(t.app));
@@ -42,8 +40,15 @@ struct OpenTest : ::testing::Test {
         t.take_lines();
         return path;
     }
-    // A saved document whose first device page has two keys sharing label 0
-    // (the first device's HOME key label) and list 0.
+    // A saved document of `devices` devices.
+    std::string saved(const std::string& name, int devices)
+    {
+        muNew(t.app);
+        for (int i = 0; i < devices; ++i) AddDevice(t.app, add_ordinary);
+        return save_and_close(name);
+    }
+    // A saved document whose first device page has two keys sharing label 5
+    // and list 0 (the first device's HOME key's list).
     std::string faulty(const std::string& name)
     {
         muNew(t.app);
@@ -53,13 +58,7 @@ struct OpenTest : ::testing::Test {
         c.device_pages[0].slots[1] = {0, 1, 5, 0, 0};
         c.device_pages[0].slots[2] = {0, 2, 5, 0, 0};
         c.softkey_labels[5].bytes = {1, 1, 0, 0, 0, 0, 0, 0, 0, 0};
-        const auto path = (t.home.path() / name).string();
-        t.ui.queue_answer("file:" + path);
-        EXPECT_TRUE(muSaveas(t.app));
-        t.ui.queue_answer("no");
-        EXPECT_TRUE(close_document(t.app, t.app.active_document()));
-        t.take_lines();
-        return path;
+        return save_and_close(name);
     }
     int slots_taken() const
     {
@@ -229,12 +228,7 @@ TEST_F(OpenTest, AHalfKeyFaultResetsItsPage)
     c.page_table[1].key_count = 2;
     c.device_pages[0].slots[1] = {3, 131, 6, 65535, 4};
     c.softkey_labels[6].bytes[0] = 1;
-    const auto path = (t.home.path() / "half.kcf").string();
-    t.ui.queue_answer("file:" + path);
-    ASSERT_TRUE(muSaveas(t.app));
-    t.ui.queue_answer("no");
-    close_document(t.app, 0);
-    t.take_lines();
+    const auto path = save_and_close("half.kcf");
     t.ui.queue_answer("continue");
     t.ui.queue_answer("yes");
     ASSERT_GE(open_configuration(t.app, path), 0);
