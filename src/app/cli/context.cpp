@@ -11,7 +11,9 @@
 
 namespace tesselo::cli {
 
-std::unique_ptr<CliContext> make_context(const GlobalOptions& options)
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options) { return make_context(options, std::cout); }
+
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options, std::ostream& messages)
 {
     std::optional<std::filesystem::path> option;
     if (!options.home.empty()) option = options.home;
@@ -19,7 +21,7 @@ std::unique_ptr<CliContext> make_context(const GlobalOptions& options)
     std::string why;
     if (!prepare_home(home, TESSELO_INSTALLED_DATA, why))
         std::cerr << "tesselo-cli: cannot use the home folder " << home << ": " << why << '\n';
-    return std::make_unique<CliContext>(home);
+    return std::make_unique<CliContext>(home, messages);
 }
 
 }  // namespace tesselo::cli
