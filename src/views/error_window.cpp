@@ -1,6 +1,5 @@
 #include "views/error_window.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -10,68 +9,54 @@
 
 namespace tesselo {
 
-ErrorWindow::ErrorWindow(const QStringList& faults, std::uint8_t& corruption_flag, QWidget* parent)
-    : QDialog(parent), flag_(corruption_flag)
+ErrorWindowForm::ErrorWindowForm(const std::string& title, const std::vector<std::string>& texts,
+                                 const std::vector<std::string>& rows, QWidget* parent)
+    : QDialog(parent)
 {
     setObjectName("ErrorWindow");
-    setWindowTitle("Error");
+    setWindowTitle(QString::fromStdString(title));
     setModal(true);
     auto* icon = new QLabel(this);
     icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxCritical).pixmap(32, 32));
-    auto* intro = new QLabel(
-        "The file that you are trying to open is corrupted and can not be used.  The following commands are corrupt", this);
+    auto* layout = new QVBoxLayout(this);
+    auto* top = new QHBoxLayout;
+    top->addWidget(icon, 0, Qt::AlignTop);
+    auto* intro = new QLabel(texts.empty() ? QString() : QString::fromStdString(texts.front()), this);
     intro->setObjectName("Label1");
     intro->setWordWrap(true);
+    top->addWidget(intro, 1);
+    layout->addLayout(top);
+
     auto* list = new QListWidget(this);
     list->setObjectName("List1");
-    list->addItems(faults);
-    auto* advice = new QLabel("It is recommended that you delete these commands or recreate new configuration file.", this);
-    advice->setObjectName("Label2");
-    advice->setWordWrap(true);
-    auto* question = new QLabel("Do you wish to continue?", this);
-    question->setObjectName("Label3");
+    for (const auto& row : rows) list->addItem(QString::fromStdString(row));
+    layout->addWidget(list, 1);
+    for (std::size_t i = 1; i < texts.size(); ++i) {
+        auto* text = new QLabel(QString::fromStdString(texts[i]), this);
+        text->setObjectName(QString("Label%1").arg(i + 1));
+        text->setWordWrap(true);
+        layout->addWidget(text);
+    }
+
     auto* Command1 = new QPushButton("&Yes", this);
     Command1->setObjectName("Command1");
     auto* Command2 = new QPushButton("&No", this);
     Command2->setObjectName("Command2");
     Command2->setDefault(true);
     connect(Command1, &QPushButton::clicked, this, [this] {
-        flag_ = 2;
+        answer_ = ErrorWindowAnswer::go_on;
         accept();
     });
     connect(Command2, &QPushButton::clicked, this, [this] {
-        flag_ = 1;
-        QDialog::reject();
+        answer_ = ErrorWindowAnswer::give_up;
+        reject();
     });
-
-    auto* top = new QHBoxLayout;
-    top->addWidget(icon, 0, Qt::AlignTop);
-    top->addWidget(intro, 1);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(Command1);
     buttons->addWidget(Command2);
-    auto* layout = new QVBoxLayout(this);
-    layout->addLayout(top);
-    layout->addWidget(list, 1);
-    layout->addWidget(advice);
-    layout->addWidget(question);
     layout->addLayout(buttons);
-    resize(480, 340);
-}
-
-void ErrorWindow::reject()
-{
-    // Escape and the frame's close button give up, unless the user chose to go on.
-    if (flag_ != 2) flag_ = 1;
-    QDialog::reject();
-}
-
-void ErrorWindow::closeEvent(QCloseEvent* event)
-{
-    if (flag_ != 2) flag_ = 1;
-    event->accept();
-    QDialog::closeEvent(event);
+    resize(500, 360);
 }
 
 }  // namespace tesselo

@@ -1,25 +1,28 @@
 #pragma once
 
-#include <cstdint>
+#include <string>
+#include <vector>
 
 #include <QDialog>
-#include <QStringList>
+
+#include "core/document/ui.h"
 
 namespace tesselo {
 
-// Lists the faults found in a file that is being opened and asks whether to go
-// on. The outcome is left in `corruption_flag`: 2 go on, 1 give up.
-class ErrorWindow : public QDialog {
+// The window ErrorWindow: the faults found in a file that is being opened,
+// with the words around them, and the choice to go on (Command1) or to give
+// up (Command2). Core turns the answer into corruption_flag.
+class ErrorWindowForm : public QDialog {
     Q_OBJECT
 public:
-    ErrorWindow(const QStringList& faults, std::uint8_t& corruption_flag, QWidget* parent = nullptr);
+    // texts[0] stands above the list of faults, the others below it.
+    ErrorWindowForm(const std::string& title, const std::vector<std::string>& texts,
+                    const std::vector<std::string>& rows, QWidget* parent = nullptr);
 
-protected:
-    void closeEvent(QCloseEvent* event) override;
-    void reject() override;
+    ErrorWindowAnswer answer() const { return answer_; }
 
 private:
-    std::uint8_t& flag_;
+    ErrorWindowAnswer answer_ = ErrorWindowAnswer::closed;
 };
 
 }  // namespace tesselo

@@ -1,13 +1,19 @@
-// The frame's document and page windows: they follow core's documents.
+// The frame's document and page windows: they follow core's documents and
+// core's list of open page windows.
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMetaObject>
 
 #include "core/document/lifecycle.h"
 #include "core/document/ui.h"
+#include "core/tree/page_windows.h"
+#include "core/tree/selection.h"
+#include "core/tree/tree_model.h"
+#include "core/tree/tree_view.h"
 #include "views/artwork.h"
 #include "views/mainform.h"
 #include "views/mdi_form1.h"
+#include "views/properties_window.h"
 #include "views/remote.h"
 
 namespace tesselo {
@@ -30,8 +36,15 @@ std::vector<Remote*> MDIForm1::page_windows(int slot) const
     std::vector<Remote*> pages;
     for (QMdiSubWindow* sub : area_->subWindowList())
         if (auto* page = qobject_cast<Remote*>(sub->widget()))
-            if (slot < 0 || page->slot() == slot) pages.push_back(page);
+            if (!page->released() && (slot < 0 || page->slot() == slot)) pages.push_back(page);
     return pages;
+}
+
+Remote* MDIForm1::page_window(int slot, const QString& caption) const
+{
+    for (Remote* page : page_windows(slot))
+        if (page->caption() == caption) return page;
+    return nullptr;
 }
 
 void MDIForm1::document_opened(int document)
@@ -43,8 +56,12 @@ void MDIForm1::document_opened(int document)
     QMdiSubWindow* sub = area_->addSubWindow(form);
     sub->resize(300, 460);
     windows_.insert(windows_.begin() + document, form);
-    connect(form, &mainform::close_requested, this,
-            [this](mainform* window) { close_document(app_, document_index(window)); update_commands(); });
+    connect(form, &mainform::close_requested, this, [this](mainform* window) {
+        close_document(app_, document_index(window));
+        update_commands();
+    });
+    connect(form, &mainform::commands_changed, this, &MDIForm1::update_commands);
+    form->rebuild_tree();
     sub->show();
     update_commands();
 }
@@ -61,6 +78,7 @@ void MDIForm1::document_views_hidden(int document)
     if (!form) return;
     for (Remote* page : page_windows(form->slot()))
         if (page->parentWidget()) page->parentWidget()->hide();
+    if (properties_) properties_->hide();
 }
 
 void MDIForm1::document_closed(int slot)
@@ -107,44 +125,96 @@ void MDIForm1::subwindow_activated(QMdiSubWindow* window)
     update_commands();
 }
 
+void MDIForm1::tree_changed(int slot)
+{
+    if (mainform* form = document_window(app_.document_of_slot(slot))) form->rebuild_tree();
+    // Names on HOME keys and page counters may have changed with the tree.
+    for (Remote* page : page_windows(slot)) page->update();
+    update_commands();
+}
+
+void MDIForm1::selection_changed(int slot)
+{
+    if (mainform* form = document_window(app_.document_of_slot(slot))) form->show_selection();
+    if (properties_) properties_->refresh();
+    update_commands();
+}
+
+void MDIForm1::edit_states_changed() { update_commands(); }
+
+void MDIForm1::properties_requested()
+{
+    if (!properties_) {
+        properties_ = new properties(app_, this);
+    }
+    properties_->refresh();
+    properties_->show();
+    properties_->raise();
+}
+
+void MDIForm1::page_window_opened(int slot, const std::string& caption)
+{
+    const QString title = QString::fromStdString(caption);
+    if (Remote* page = page_window(slot, title)) {
+        page->parentWidget()->show();
+        area_->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(page->parentWidget()));
+        return;
+    }
+    const auto found = find_page(app_.config(slot), caption);
+    const int registered = app_.page_windows().find(slot, caption);
+    if (!found) {
+        // A page that the tables do not hold cannot be drawn: the window is not made.
+        app_.page_windows().remove(registered);
+        return;
+    }
+    auto* page = new Remote(app_, slot, *found);
+    if (registered >= 0)
+        page->refresh(QString::fromStdString(app_.page_windows().all()[static_cast<std::size_t>(registered)].pagelabel));
+    QMdiSubWindow* sub = area_->addSubWindow(page, Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                                       Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+    sub->setWindowIcon(tree_picture("tv"));
+    connect(page, &Remote::key_hovered, this, &MDIForm1::show_key_status);
+    connect(page, &Remote::key_selected, this, &MDIForm1::key_selected);
+    connect(page, &Remote::closed, this, &MDIForm1::page_window_closed_by_user);
+    sub->show();
+    update_commands();
+}
+
+void MDIForm1::page_window_closed(int slot, const std::string& caption)
+{
+    if (Remote* page = page_window(slot, QString::fromStdString(caption))) {
+        page->release();
+        page->parentWidget()->close();
+    }
+}
+
+void MDIForm1::page_window_changed(int slot, const std::string& caption)
+{
+    Remote* page = page_window(slot, QString::fromStdString(caption));
+    const int registered = app_.page_windows().find(slot, caption);
+    if (!page || registered < 0) return;
+    page->refresh(QString::fromStdString(app_.page_windows().all()[static_cast<std::size_t>(registered)].pagelabel));
+}
+
+void MDIForm1::page_window_closed_by_user(Remote* page)
+{
+    if (page->released()) return;
+    page->release();
+    const std::string caption = page->caption().toStdString();
+    const int registered = app_.page_windows().find(page->slot(), caption);
+    if (registered >= 0) app_.page_windows().remove(registered);
+    app_.write_log("close page " + caption);
+    update_commands();
+}
+
 Remote* MDIForm1::open_page(int document, const QString& node_key)
 {
     mainform* form = document_window(document);
     if (!form) return nullptr;
     const int slot = form->slot();
-    for (Remote* page : page_windows(slot))
-        if (page->windowTitle() == node_key) {
-            page->parentWidget()->show();
-            area_->setActiveSubWindow(qobject_cast<QMdiSubWindow*>(page->parentWidget()));
-            return page;
-        }
-    if (static_cast<int>(page_windows().size()) >= max_page_windows) {
-        app_.ui().message(title_main, "Out of Memory", Icon::exclamation);
-        return nullptr;
-    }
-    const auto found = find_page(app_.config(slot), node_key.toStdString());
-    if (!found) return nullptr;
-    auto* page = new Remote(app_, slot, *found);
-    QMdiSubWindow* sub = area_->addSubWindow(page, Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                                                       Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
-    sub->setWindowIcon(tree_picture("tv"));
-    connect(page, &Remote::key_hovered, this, &MDIForm1::show_key_status);
-    connect(page, &Remote::key_selected, this, &MDIForm1::show_key_status);
-    sub->show();
-    const std::string key = node_key.toStdString();
-    const std::string text = key.substr(key.find_last_of('\\') + 1);
-    app_.write_log("Open page " + text + "/" + page->device_text().toStdString() + "-" + key);
-    update_commands();
-    return page;
-}
-
-void MDIForm1::open_allpage(int document)
-{
-    mainform* form = document_window(document);
-    if (!form) return;
-    const Configuration& config = app_.config(form->slot());
-    for (const PageRef& page : all_page_refs(config))
-        if (!open_page(document, QString::fromStdString(page_node_key(config, page)))) break;
+    const int node = app_.tree(slot).find(node_key.toStdString());
+    if (node == 0 || !tesselo::open_page(app_, slot, node)) return nullptr;
+    return page_window(slot, node_key);
 }
 
 void MDIForm1::close_pages(int slot)
@@ -155,13 +225,27 @@ void MDIForm1::close_pages(int slot)
 
 void MDIForm1::show_key_status(Remote* window, int index)
 {
-    const int document = app_.document_of_slot(window->slot());
-    mainform* form = document_window(document);
+    mainform* form = document_window(app_.document_of_slot(window->slot()));
     if (!form) return;
     if (index < 0)
         form->clear_key_status();
     else
         form->show_key_status(window->device_text(), window->key_text(index), window->key_steps(index));
+}
+
+void MDIForm1::key_selected(Remote* window, int index)
+{
+    // The tree's selection follows the page, as every later operation reads it.
+    const int slot = window->slot();
+    const int node = app_.tree(slot).find(window->caption().toStdString());
+    if (node != 0) click_node(app_, slot, node);
+    TreeSelection& s = app_.selection();
+    s.selected_kind = TreeSelection::Kind::key;
+    s.selected_index = index;
+    s.selected_row = is_side_button(index) ? side_button_row(index) * 3 : 0;
+    s.selected_left = is_side_button(index) && index % 2 == 0;
+    show_key_status(window, index);
+    update_commands();
 }
 
 }  // namespace tesselo

@@ -3,6 +3,9 @@
 #include <QWidget>
 
 class QLabel;
+class QMenu;
+class QModelIndex;
+class QStandardItemModel;
 class QTreeView;
 
 namespace tesselo {
@@ -27,16 +30,34 @@ public:
     // Set by the frame once core has let the document go: the window may close.
     void release() { released_ = true; }
 
+    // Draws the tree again from core's tree of the document.
+    void rebuild_tree();
+    // Marks the node that core holds selected.
+    void show_selection();
+    // The popup of the selected node, as core builds it; null for none.
+    QMenu* build_popup_menu();
+    // The tree node (1-based index) of a row of the view, and back.
+    int node_of(const QModelIndex& index) const;
+    QModelIndex index_of(int node) const;
+
 Q_SIGNALS:
     void close_requested(mainform* window);
+    void commands_changed();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void node_clicked(const QModelIndex& index);
+    void node_double_clicked(const QModelIndex& index);
+    void popup_requested(const QPoint& pos);
+
     Application& app_;
     int slot_;
     bool released_ = false;
+    bool rebuilding_ = false;
+    QStandardItemModel* model_;
     QTreeView* TreeView1;
     QLabel* Devicelabel;
     QLabel* keylabel;

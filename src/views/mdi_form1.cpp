@@ -14,7 +14,16 @@
 #include <QToolBar>
 
 #include "core/document/lifecycle.h"
+#include "core/document/open_command.h"
 #include "core/document/ui.h"
+#include "core/tree/adding.h"
+#include "core/tree/edit_state.h"
+#include "core/tree/journal.h"
+#include "core/tree/node_keys.h"
+#include "core/tree/popup_menu.h"
+#include "core/tree/tree_commands.h"
+#include "core/tree/tree_model.h"
+#include "core/tree/tree_view.h"
 #include "views/artwork.h"
 #include "views/frame_commands.h"
 #include "views/mainform.h"
@@ -70,13 +79,38 @@ MDIForm1::~MDIForm1() { app_.remove_listener(this); }
 void MDIForm1::register_commands()
 {
     commands_["muNew"] = [this] { muNew(app_); };
+    commands_["muOpen"] = [this] { muOpen(app_); };
+    commands_["muUndo"] = [this] { muUndo_Click(app_); };
+    commands_["muRedo"] = [this] { muRedo_Click(app_); };
+    commands_["muInsertdevice"] = [this] { muInsertdevice(app_); };
+    commands_["muInsertpage"] = [this] { muInsertPage(app_); };
+    commands_["muOpenPage"] = [this] {
+        const auto [slot, node] = selected_node();
+        if (node) tesselo::open_page(app_, slot, node);
+    };
+    commands_["muExpandall"] = [this] { set_all_expanded(true); };
+    commands_["muCollapseall"] = [this] { set_all_expanded(false); };
+    commands_["muproperties"] = [this] { properties_requested(); };
+    // The tree's operations that other parts of the program install.
+    const auto installed = [this](TreeCommands::Command TreeCommands::*member) {
+        return [this, member] {
+            if (app_.tree_commands().*member) (app_.tree_commands().*member)(app_);
+        };
+    };
+    commands_["muCut"] = installed(&TreeCommands::cut);
+    commands_["muCopy"] = installed(&TreeCommands::copy);
+    commands_["muPaste"] = installed(&TreeCommands::paste);
+    commands_["muDelete"] = installed(&TreeCommands::remove);
+    commands_["muMoveUp"] = installed(&TreeCommands::move_up);
+    commands_["muMoveDown"] = installed(&TreeCommands::move_down);
+    commands_["label"] = installed(&TreeCommands::label);
     commands_["muClose"] = [this] { close_document(app_, app_.active_document()); };
     commands_["muSave"] = [this] { muSave(app_); };
     commands_["muSaveas"] = [this] { muSaveas(app_); };
     commands_["muExit"] = [this] { close(); };
     commands_["muStandardToolbar"] = [this] { Toolbar1->setVisible(entry("muStandardToolbar")->isChecked()); };
     commands_["muStatusBar"] = [this] { statusBar()->setVisible(entry("muStatusBar")->isChecked()); };
-    commands_["muOpenAll"] = [this] { open_allpage(app_.active_document()); };
+    commands_["muOpenAll"] = [this] { open_allpage(app_); };
     commands_["muCloseAll"] = [this] {
         if (const Document* doc = app_.active()) close_pages(doc->slot);
     };
@@ -162,6 +196,8 @@ void MDIForm1::build_toolbar()
 
 void MDIForm1::Toolbar1_ButtonClick(const QString& key)
 {
+    update_commands();
+    if (!button_enabled(key)) return;
     if (key == "new") {
         run("muNew");
         return;
@@ -181,15 +217,69 @@ void MDIForm1::run(const QString& command)
     update_commands();
 }
 
+std::pair<int, int> MDIForm1::selected_node() const
+{
+    const Document* doc = const_cast<Application&>(app_).active();
+    if (!doc) return {-1, 0};
+    return {doc->slot, const_cast<Application&>(app_).tree(doc->slot).selected()};
+}
+
+void MDIForm1::set_all_expanded(bool expanded)
+{
+    const Document* doc = app_.active();
+    if (!doc) return;
+    TreeModel& tree = app_.tree(doc->slot);
+    for (int i = 1; i <= tree.count(); ++i) tree.node(i).expanded = expanded;
+    tree_changed(doc->slot);
+}
+
 bool MDIForm1::command_enabled(const QString& command) const
 {
     if (!commands_.count(command)) return false;
-    const bool has_document = app_.active_document() >= 0;
-    static const QStringList on_document = {"muClose", "muSave", "muSaveas", "muOpenAll", "muCloseAll", "muSimulator"};
+    Application& app = const_cast<Application&>(app_);
+    const bool has_document = app.active_document() >= 0;
+    const auto [slot, node] = selected_node();
+    const TreeNode* selected = node ? &app.tree(slot).node(node) : nullptr;
+    // HOME and its own pages: nothing of a device can be done there.
+    const bool home_selected = selected && (selected->image == image_home || selected->key.rfind("HOME", 0) == 0);
+    const auto installed = [&app](TreeCommands::Command TreeCommands::*member) {
+        return static_cast<bool>(app.tree_commands().*member);
+    };
+    static const QStringList on_document = {"muClose",     "muSave",        "muSaveas",       "muOpenAll",
+                                            "muCloseAll",  "muSimulator",   "muExpandall",    "muCollapseall",
+                                            "muproperties", "muInsertdevice"};
     if (on_document.contains(command)) return has_document;
+    if (command == "muInsertpage") return has_document && selected && !home_selected;
+    if (command == "muOpenPage") return has_document && selected && is_page_image(selected->image);
+    if (command == "muUndo") return app.edit_state().undo_menu;
+    if (command == "muRedo") return app.edit_state().redo_menu;
+    if (command == "muCut" || command == "muDelete" || command == "label")
+        return has_document && !home_selected && installed(command == "muCut"      ? &TreeCommands::cut
+                                                           : command == "muDelete" ? &TreeCommands::remove
+                                                                                   : &TreeCommands::label);
+    if (command == "muCopy") return has_document && !home_selected && installed(&TreeCommands::copy);
+    if (command == "muPaste") return has_document && app.edit_state().paste_button && installed(&TreeCommands::paste);
+    if (command == "muMoveUp") return has_document && installed(&TreeCommands::move_up);
+    if (command == "muMoveDown") return has_document && installed(&TreeCommands::move_down);
     if (command == "muCascade" || command == "muTileHor" || command == "muTileVer")
         return !area_->subWindowList().isEmpty();
     return true;
+}
+
+// Toolbar buttons whose state is their own: the journal's and HOME's.
+bool MDIForm1::button_enabled(const QString& key) const
+{
+    Application& app = const_cast<Application&>(app_);
+    const QString command = toolbar_command(key);
+    if (key == "undo") return app.edit_state().undo_button && commands_.count(command);
+    if (key == "redo") return app.edit_state().redo_button && commands_.count(command);
+    const auto [slot, node] = selected_node();
+    const bool home_selected = node && (app.tree(slot).node(node).image == image_home ||
+                                        app.tree(slot).node(node).key.rfind("HOME", 0) == 0);
+    if (home_selected && (key == "cut" || key == "copy" || key == "delete" || key == "label" ||
+                          key == "properties" || key == "newpage"))
+        return false;
+    return command_enabled(command);
 }
 
 void MDIForm1::update_commands()
@@ -198,8 +288,7 @@ void MDIForm1::update_commands()
         if (it.value()->isSeparator() || it.key().startsWith("mukey")) continue;
         it.value()->setEnabled(command_enabled(it.key()));
     }
-    for (auto it = buttons_.begin(); it != buttons_.end(); ++it)
-        it.value()->setEnabled(command_enabled(toolbar_command(it.key())));
+    for (auto it = buttons_.begin(); it != buttons_.end(); ++it) it.value()->setEnabled(button_enabled(it.key()));
 }
 
 void MDIForm1::set_status(const QString& text) { status_text_->setText(text); }
@@ -242,7 +331,8 @@ void MDIForm1::raise_frame()
 void MDIForm1::open_files(const QStringList& paths)
 {
     raise_frame();
-    for (const QString& path : paths) set_status(path);
+    for (const QString& path : paths) open_configuration(app_, path.toStdString());
+    update_commands();
 }
 
 }  // namespace tesselo

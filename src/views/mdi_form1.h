@@ -22,6 +22,7 @@ class QToolBar;
 namespace tesselo {
 
 class mainform;
+class properties;
 class Remote;
 
 // The frame: menus, Toolbar1, the status line, and every document and page
@@ -50,12 +51,12 @@ public:
 
     mainform* document_window(int document) const;
     std::vector<Remote*> page_windows(int slot = -1) const;
-    // Opens the page with that node key of a document, or brings its window
-    // forward. Null when refused.
+    Remote* page_window(int slot, const QString& caption) const;
+    // Opens the page with that node key of a document as a double click on
+    // its node does, or brings its window forward. Null when refused.
     Remote* open_page(int document, const QString& node_key);
-    // Every page of the document.
-    void open_allpage(int document);
     void close_pages(int slot);
+    properties* properties_window() const { return properties_; }
 
     // The status line and the progress bar, as the Ui port drives them.
     void set_status(const QString& text);
@@ -72,6 +73,13 @@ public:
     void document_views_hidden(int document) override;
     void document_closed(int slot) override;
     void active_document_changed() override;
+    void tree_changed(int slot) override;
+    void selection_changed(int slot) override;
+    void page_window_opened(int slot, const std::string& caption) override;
+    void page_window_closed(int slot, const std::string& caption) override;
+    void page_window_changed(int slot, const std::string& caption) override;
+    void edit_states_changed() override;
+    void properties_requested() override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -82,9 +90,15 @@ private:
     void register_commands();
     void run(const QString& command);
     bool command_enabled(const QString& command) const;
+    bool button_enabled(const QString& key) const;
+    void set_all_expanded(bool expanded);
     int document_index(const mainform* window) const;
     void subwindow_activated(QMdiSubWindow* window);
     void show_key_status(Remote* window, int index);
+    void key_selected(Remote* window, int index);
+    void page_window_closed_by_user(Remote* page);
+    // The active document's slot and its tree's selected node (0 for none).
+    std::pair<int, int> selected_node() const;
     void muAbout_Click();
 
     Application& app_;
@@ -95,6 +109,7 @@ private:
     QHash<QString, QAction*> entries_;
     QHash<QString, QMenu*> menus_;
     QHash<QString, QAction*> buttons_;
+    properties* properties_ = nullptr;
     std::map<QString, std::function<void()>> commands_;
     std::vector<mainform*> windows_;  // in the order of app.documents()
     bool syncing_ = false;

@@ -1,5 +1,7 @@
 #include "views/qt_ui.h"
 
+#include "views/error_window.h"
+
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -83,6 +85,14 @@ std::optional<std::string> QtUi::save_file(const std::string& title, const std::
     if (!suggested.empty()) dialog.selectFile(q(suggested));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
     return dialog.selectedFiles().front().toStdString();
+}
+
+ErrorWindowAnswer QtUi::error_window(const std::string& title, const std::vector<std::string>& texts,
+                                     const std::vector<std::string>& rows)
+{
+    ErrorWindowForm window(title, texts, rows, parent_);
+    window.exec();
+    return window.answer();
 }
 
 void QtUi::status(const std::string& text)

@@ -24,6 +24,8 @@ public:
     std::optional<std::string> open_file(const std::string& title, const std::string& filter) override;
     std::optional<std::string> save_file(const std::string& title, const std::string& filter,
                                          const std::string& suggested) override;
+    ErrorWindowAnswer error_window(const std::string& title, const std::vector<std::string>& texts,
+                                   const std::vector<std::string>& rows) override;
     void status(const std::string& text) override;
     void progress(int value, int maximum) override;
     void wait_cursor(bool on) override;

@@ -96,11 +96,11 @@ void Remote::update_rows()
 {
     const auto rows = lcd_page_rows(app_.config(slot_), page_);
     for (int row = 0; row < lcd_rows; ++row) labelRichText1[static_cast<std::size_t>(row)]->set_row(rows[static_cast<std::size_t>(row)]);
-    pagelabel->setText(QString::fromStdString(pagelabel_text(page_.page_number, page_.page_total)));
 }
 
-bool Remote::refresh()
+bool Remote::refresh(const QString& counter)
 {
+    pagelabel->setText(counter);
     const auto found = find_page(app_.config(slot_), windowTitle().toStdString());
     if (!found) return false;
     page_ = *found;
@@ -108,6 +108,8 @@ bool Remote::refresh()
     update();
     return true;
 }
+
+QString Remote::pagelabel_text() const { return pagelabel->text(); }
 
 QString Remote::key_text(int index) const
 {
@@ -197,7 +199,6 @@ void Remote::leaveEvent(QEvent*)
 
 void Remote::closeEvent(QCloseEvent* event)
 {
-    app_.write_log("close page " + windowTitle().toStdString());
     Q_EMIT closed(this);
     event->accept();
 }

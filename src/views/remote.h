@@ -38,9 +38,14 @@ public:
     int slot() const { return slot_; }
     const PageRef& page() const { return page_; }
     QString tag() const { return tag_; }
-    // Reads the page again from the tables (after an edit, undo or redo).
-    // False when the page is gone.
-    bool refresh();
+    QString caption() const { return windowTitle(); }
+    // Reads the page again from the tables (after an edit, undo or redo) and
+    // shows the page counter. False when the page is gone.
+    bool refresh(const QString& pagelabel);
+    QString pagelabel_text() const;
+    // Set when core has let the window go: its close is no user's gesture.
+    void release() { released_ = true; }
+    bool released() const { return released_; }
 
     int selected_index() const { return selected_; }
     int hover_index() const { return hover_; }
@@ -78,6 +83,7 @@ private:
     int selected_ = -1;
     int hover_ = -1;
     int pressed_ = -1;
+    bool released_ = false;
     QLabel* pagelabel;
     std::array<LcdRowBox*, lcd_rows> labelRichText1{};
 };

@@ -4,7 +4,7 @@
 #include <QtTest>
 
 #include "core/keys/page_canvas.h"
-#include "core/model/hardkey_defaults.h"
+#include "core/tree/page_windows.h"
 #include "gui_support.h"
 #include "views/glyph_font.h"
 #include "views/mainform.h"
@@ -15,34 +15,27 @@ using namespace tesselo::testing;
 
 namespace {
 
-// Lays a device with `pages` pages into the tables of a document, as adding a
-// device leaves them: its name row, its pages in page_table and device_pages,
-// and a few labelled soft keys on its first page.
-void lay_device(Configuration& config, int slot, int pages)
+// Gives the first page of device row 1 four soft keys with labels, as the
+// label editor leaves them: NEWS left-aligned, MOVI centred with two steps,
+// the play, pause and stop signs on a left button, SPORT right-aligned.
+void label_first_page(Configuration& config, const std::string& page_key)
 {
-    const std::string key = "DEVICE1" + std::to_string(slot + 1);
-    reset_entity_hardkeys(config, 1);
-    config.device_name_table[1].node_key = key;
-    config.device_name_table[1].name.bytes = {7, 20, 22, 37, 12, 9, 22, 5};  // TV-LIVE
-    config.device_table[1].page_count = static_cast<std::uint8_t>(pages);
-    config.device_table[1].visible_pages = static_cast<std::uint8_t>(pages);
-    for (int p = 0; p < pages; ++p) {
-        const std::string page_key = key + "\\PAGE" + std::to_string(p + 1);
-        config.page_table[static_cast<std::size_t>(1 + p)].node_key = page_key;
-        config.page_table[static_cast<std::size_t>(1 + p)].key_count = 1;
-        config.device_pages[static_cast<std::size_t>(p)].node_key = page_key;
-    }
-    auto& first = config.device_pages[0];
-    config.page_table[1].key_count = 5;
-    first.slots[1] = SoftKey{0, 1, 20, no_index, 0};
-    first.slots[2] = SoftKey{0, 2, 21, 3, 0};
-    first.slots[3] = SoftKey{0, 130, 22, no_index, 0};
-    first.slots[4] = SoftKey{0, 4, 23, no_index, 0};
-    config.softkey_labels[20].bytes = {0x24, 14, 5, 23, 19};              // NEWS, left
-    config.softkey_labels[21].bytes = {0x04, 13, 15, 22, 9};              // MOVI, centred
-    config.softkey_labels[22].bytes = {0x03, 76, 74, 75};                 // play pause stop
-    config.softkey_labels[23].bytes = {0x35, 19, 16, 15, 18, 20};         // SPORT, right
-    config.action_lists.entries[3] = {0, 2};
+    DevicePage* page = nullptr;
+    for (auto& row : config.device_pages)
+        if (row.node_key == page_key) page = &row;
+    QVERIFY(page);
+    for (int entry = 0; entry < page_rows; ++entry)
+        if (config.page_table[static_cast<std::size_t>(entry)].node_key == page_key)
+            config.page_table[static_cast<std::size_t>(entry)].key_count = 5;
+    page->slots[1] = SoftKey{0, 1, 900, no_index, 0};
+    page->slots[2] = SoftKey{0, 2, 901, 7990, 0};
+    page->slots[3] = SoftKey{0, 130, 902, no_index, 0};
+    page->slots[4] = SoftKey{0, 4, 903, no_index, 0};
+    config.softkey_labels[900].bytes = {0x24, 14, 5, 23, 19};
+    config.softkey_labels[901].bytes = {0x04, 13, 15, 22, 9};
+    config.softkey_labels[902].bytes = {0x03, 76, 74, 75};
+    config.softkey_labels[903].bytes = {0x35, 19, 16, 15, 18, 20};
+    config.action_lists.entries[7990] = {0, 2};
 }
 
 }  // namespace
@@ -69,7 +62,7 @@ private Q_SLOTS:
     {
         FrameFixture f;
         f.frame->entry("muNew")->trigger();
-        f.frame->entry("muOpenAll")->trigger();
+        QVERIFY(click_tree_node(*f.frame, 0, "HOME1\\PAGE1", Qt::LeftButton, true));
         const auto pages = f.frame->page_windows();
         QCOMPARE(pages.size(), std::size_t(1));
         Remote* page = pages.front();
@@ -95,14 +88,18 @@ private Q_SLOTS:
     {
         FrameFixture f;
         f.frame->entry("muNew")->trigger();
-        lay_device(f.test.app.config(0), 0, 2);
-        Remote* page = f.frame->open_page(0, "DEVICE11\\PAGE1");
+        f.frame->entry("muInsertdevice")->trigger();
+        QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11"));
+        f.frame->entry("muInsertpage")->trigger();
+        label_first_page(f.test.app.config(0), "DEVICE11\\PAGE1");
+        QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11\\PAGE1", Qt::LeftButton, true));
+        Remote* page = f.frame->page_window(0, "DEVICE11\\PAGE1");
         QVERIFY(page);
         QCOMPARE(page->findChild<QLabel*>("pagelabel")->text(), QString("001/002"));
         QTest::mouseMove(page, page->picture_rect(7).center().toPoint());
         QCOMPARE(page->hover_index(), 7);
         mainform* form = f.frame->document_window(0);
-        QCOMPARE(form->findChild<QLabel*>("Devicelabel")->text(), QString("TV-LIVE"));
+        QCOMPARE(form->findChild<QLabel*>("Devicelabel")->text(), QString("DEVICE1"));
         QCOMPARE(form->findChild<QLabel*>("keylabel")->text(), QString("MOVI"));
         QCOMPARE(form->findChild<QLabel*>("marcolabel")->text(), QString("2 action steps"));
         QTest::mouseMove(page, page->picture_rect(2).center().toPoint());
@@ -118,7 +115,9 @@ private Q_SLOTS:
     {
         FrameFixture f;
         f.frame->entry("muNew")->trigger();
-        lay_device(f.test.app.config(0), 0, 50);
+        f.frame->entry("muInsertdevice")->trigger();
+        QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11"));
+        for (int p = 2; p <= 46; ++p) f.frame->entry("muInsertpage")->trigger();
         f.test.take_lines();
         for (int p = 1; p <= 45; ++p)
             QVERIFY(f.frame->open_page(0, QString("DEVICE11\\PAGE%1").arg(p)));
@@ -138,7 +137,8 @@ private Q_SLOTS:
     {
         FrameFixture f;
         f.frame->entry("muNew")->trigger();
-        f.frame->entry("muOpenAll")->trigger();
+        QVERIFY(click_tree_node(*f.frame, 0, "HOME1\\PAGE1"));
+        f.frame->entry("muOpenPage")->trigger();
         QCOMPARE(f.frame->page_windows(0).size(), std::size_t(1));
         f.test.ui.queue_answer("no");
         f.frame->entry("muClose")->trigger();
@@ -151,7 +151,9 @@ private Q_SLOTS:
     {
         FrameFixture f;
         f.frame->entry("muNew")->trigger();
+        QVERIFY(click_tree_node(*f.frame, 0, "HOME1\\PAGE1"));
         f.frame->entry("muOpenAll")->trigger();
+        QCOMPARE(f.frame->page_windows().size(), std::size_t(1));
         f.frame->entry("muCloseAll")->trigger();
         QTRY_COMPARE(f.frame->page_windows().size(), std::size_t(0));
         QCOMPARE(f.frame->area()->subWindowList().size(), 1);

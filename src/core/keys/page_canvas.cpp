@@ -123,7 +123,6 @@ std::string GenTagString(int n)
 
 std::string BuildTagText(int first, int second) { return GenTagString(first) + "+" + GenTagString(second); }
 
-std::string pagelabel_text(int page, int total) { return GenTagString(page) + "/" + GenTagString(total); }
 
 int softkey_slot_at(const Configuration& config, const PageRef& page, int position)
 {

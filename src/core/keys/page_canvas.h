@@ -16,8 +16,6 @@ struct Configuration;
 inline constexpr int key_picture_count = 56;
 inline constexpr int twips_per_pixel = 15;
 inline constexpr int lcd_rows = 6;
-// At most this many page windows are open at a time.
-inline constexpr int max_page_windows = 45;
 
 struct TwipRect {
     int left = 0;
@@ -54,8 +52,6 @@ int check_actcualhardindex(int key);
 std::string GenTagString(int n);
 // A page window's tag: its two numbers joined by "+".
 std::string BuildTagText(int first, int second);
-// The page counter: page and total, "001/001".
-std::string pagelabel_text(int page, int total);
 
 // One page of a document, as a page window shows it.
 struct PageRef {

@@ -58,8 +58,6 @@ TEST(PageCanvas, TagsAndCounterHaveThreeDigits)
     EXPECT_EQ(GenTagString(42), "042");
     EXPECT_EQ(GenTagString(1234), "1234");
     EXPECT_EQ(BuildTagText(0, 12), "000+012");
-    EXPECT_EQ(pagelabel_text(1, 1), "001/001");
-    EXPECT_EQ(pagelabel_text(3, 26), "003/026");
 }
 
 TEST(PageCanvas, NewDocumentHomePageShowsHomeInTheTitleRow)
