@@ -192,6 +192,31 @@ private Q_SLOTS:
         QCOMPARE(f.frame->document_window(0)->windowTitle(), path);
     }
 
+    void open_and_files_handed_over_open_documents()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        const QString path = QString::fromStdString((f.test.home.path() / "kept.kcf").string());
+        f.test.ui.queue_answer(("file:" + path).toStdString());
+        f.frame->entry("muSaveas")->trigger();
+        f.test.ui.queue_answer("no");
+        f.frame->entry("muClose")->trigger();
+        QTRY_COMPARE(f.frame->area()->subWindowList().size(), 0);
+
+        f.test.ui.queue_answer(("file:" + path).toStdString());
+        f.frame->entry("muOpen")->trigger();
+        QCOMPARE(f.test.ui.dialogs.back().kind, std::string("open"));
+        QCOMPARE(f.test.ui.dialogs.back().filter, std::string("Data Config File (*.kcf)|*.kcf"));
+        QCOMPARE(f.frame->document_window(0)->windowTitle(), path);
+        QCOMPARE(f.test.app.tree(f.frame->document_window(0)->slot()).count(), 6);
+
+        // A second start hands the same file over: it opens beside the first.
+        f.frame->open_files({path});
+        QCOMPARE(f.test.app.documents().size(), std::size_t(2));
+        QCOMPARE(f.frame->document_window(1)->windowTitle(), path);
+    }
+
     void close_asks_and_cancel_keeps_the_window()
     {
         FrameFixture f;
