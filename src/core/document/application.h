@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "core/keys/key_selection.h"
+#include "core/keys/step_edit_state.h"
 #include "core/model/configuration.h"
 #include "core/model/limits.h"
 
@@ -74,6 +76,13 @@ public:
     {
         for (auto* l : std::vector<ApplicationListener*>(listeners_)) f(*l);
     }
+
+    // The key selected on a page canvas, one for the application.
+    KeySelection key_selection;
+    // Whether the Key_error window was shown for the selected key.
+    KeyErrorState key_error;
+    // The properties form's edit mode for a double-clicked step row.
+    StepEditState step_edit;
 
     // Where save_tofile in download mode hands the finished image.
     std::function<void(const std::vector<std::uint8_t>& image, std::size_t length)> download_hook;

@@ -74,6 +74,11 @@ std::optional<std::string> ScriptedUi::save_file(const std::string&, const std::
     return take_file();
 }
 
+Answer ScriptedUi::key_error(const std::string& text, const std::string& confirm)
+{
+    return ask(title_main, text + "\r\n" + confirm, Buttons::ok_cancel, Icon::critical);
+}
+
 void ScriptedUi::status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }
 
 }  // namespace tesselo

@@ -35,6 +35,8 @@ public:
     void wait_cursor(bool) override {}
     void repaint() override {}
     void yield() override {}
+    // Printed as a question under the main title, answered "ok" or "cancel".
+    Answer key_error(const std::string& text, const std::string& confirm) override;
 
     // The next queued word if it is one of `words`, taken from the queue.
     std::optional<std::string> take_answer(std::initializer_list<const char*> words);

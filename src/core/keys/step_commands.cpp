@@ -1,0 +1,121 @@
+#include "core/keys/step_commands.h"
+
+#include "core/document/application.h"
+#include "core/document/ui.h"
+#include "core/keys/key_error.h"
+#include "core/keys/key_locator.h"
+#include "core/keys/step_text.h"
+#include "core/model/action_chain.h"
+
+namespace tesselo {
+
+namespace {
+
+std::optional<KeyPlace> selected_place(Application& app, const KeyTarget& target)
+{
+    return locate_key(app.config(target.slot), target.page_key, app.key_selection);
+}
+
+std::string key_words(const Application& app)
+{
+    const auto& s = app.key_selection;
+    return s.is_hard() ? "(hardkey) " + std::to_string(s.selected_index)
+                       : "row " + std::to_string(s.row()) + (s.selected_left ? " left" : "");
+}
+
+}  // namespace
+
+int append_step(Application& app, const KeyTarget& target, const StepFields& fields, const std::string& dialog_title)
+{
+    auto place = selected_place(app, target);
+    if (!place) return -1;
+    const AppendResult result = append_to_chain(app.config(target.slot), *place, fields);
+    switch (result.outcome) {
+    case AppendOutcome::appended: return result.step;
+    case AppendOutcome::document_full: app.ui().message(title_main, exceed_document_steps, Icon::exclamation); break;
+    case AppendOutcome::key_full: app.ui().message(dialog_title, exceed_key_steps, Icon::exclamation); break;
+    case AppendOutcome::no_key: break;
+    }
+    return -1;
+}
+
+bool finish_step_dialog(Application& app, const KeyTarget& target, const StepFields& fields,
+                        const std::string& dialog_title, const std::string& log_text)
+{
+    bool done = false;
+    if (app.step_edit.edit_flag) {
+        rewrite_step(app.config(target.slot), app.step_edit.step, fields);
+        done = true;
+    } else {
+        done = append_step(app, target, fields, dialog_title) >= 0;
+    }
+    app.step_edit.clear();
+    if (done) app.write_log(log_text);
+    return done;
+}
+
+std::vector<StepRow> load_step_rows(Application& app, const KeyTarget& target, const IrStepNames& ir)
+{
+    std::vector<StepRow> rows;
+    auto place = selected_place(app, target);
+    if (!place) return rows;
+    Configuration& config = app.config(target.slot);
+    bool broken = false;
+    for (int step : steps_of_list(config, key_action_list(config, *place))) {
+        if (auto text = display_marcostep(config, step, ir)) rows.push_back({step, *text});
+        else broken = true;
+    }
+    if (broken && !app.key_error.key_error_shown) {
+        if (Key_error(app, target.slot, *place)) rows.clear();
+    }
+    return rows;
+}
+
+int begin_step_edit(Application& app, const KeyTarget& target, int row)
+{
+    auto place = selected_place(app, target);
+    if (!place) return -1;
+    const Configuration& config = app.config(target.slot);
+    const auto steps = steps_of_list(config, key_action_list(config, *place));
+    if (row < 1 || row > static_cast<int>(steps.size())) return -1;
+    const int step = steps[static_cast<std::size_t>(row - 1)];
+    const ActionStep& s = config.action_steps.steps[static_cast<std::size_t>(step)];
+    if (s.step_type == step_free) return -1;
+    app.step_edit.begin(step, s);
+    return s.step_type;
+}
+
+bool DeleteBt(Application& app, const KeyTarget& target, int row)
+{
+    auto place = selected_place(app, target);
+    if (!place) return false;
+    Configuration& config = app.config(target.slot);
+    const std::int32_t list = key_action_list(config, *place);
+    if (delete_marcostep_item(config, *place, row) < 0) return false;
+    app.write_log("delete marco step " + target.page_key + " " + key_words(app) + " " + std::to_string(list));
+    app.write_log("-");
+    app.write_log("delete marco step " + target.page_key);
+    return true;
+}
+
+bool MoveUPBt(Application& app, const KeyTarget& target, int row)
+{
+    auto place = selected_place(app, target);
+    if (!place) return false;
+    Configuration& config = app.config(target.slot);
+    if (!move_marcostep_up(config, key_action_list(config, *place), row)) return false;
+    app.write_log("move marco step up");
+    return true;
+}
+
+bool MoveDownBt(Application& app, const KeyTarget& target, int row)
+{
+    auto place = selected_place(app, target);
+    if (!place) return false;
+    Configuration& config = app.config(target.slot);
+    if (!move_marcostep_down(config, key_action_list(config, *place), row)) return false;
+    app.write_log("move marco step down");
+    return true;
+}
+
+}  // namespace tesselo
