@@ -25,6 +25,12 @@ std::string key_words(const Application& app)
 
 }  // namespace
 
+void select_key(Application& app, int index)
+{
+    app.key_selection.select_picture(index);
+    app.key_error.key_error_shown = false;
+}
+
 int append_step(Application& app, const KeyTarget& target, const StepFields& fields, const std::string& dialog_title)
 {
     auto place = selected_place(app, target);

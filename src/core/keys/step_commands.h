@@ -24,6 +24,10 @@ struct StepRow {
     std::string text;
 };
 
+// A click on picture `index` of a page canvas: the key selection moves and
+// the new key's list may report its own Key_error.
+void select_key(Application& app, int index);
+
 // The limit boxes' texts.
 inline const std::string exceed_document_steps = "Exceed Marco steps";
 inline const std::string exceed_key_steps = "Exceed marco steps!";
