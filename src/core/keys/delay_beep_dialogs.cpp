@@ -1,6 +1,7 @@
 #include "core/keys/delay_beep_dialogs.h"
 
 #include <cmath>
+#include <optional>
 
 #include "core/document/application.h"
 #include "core/document/ui.h"
@@ -26,7 +27,31 @@ void filtered_key(std::string& text, char key)
     }
 }
 
-bool above_range(const std::string& text) { return !text.empty() && field_value(text) > 32.0; }
+// Leaving the field: a value above 32 seconds is refused and the field emptied.
+void check_on_leaving(Ui& ui, std::string& text)
+{
+    if (text.empty() || field_value(text) <= 32.0) return;
+    ui.message(title_alt, delay_range_message, Icon::exclamation);
+    text.clear();
+}
+
+// OK's checks: an empty field closes the dialog without a step, a value
+// below a tenth is refused and the dialog stays. The value when it passes.
+std::optional<double> value_on_ok(Application& app, const std::string& text, DialogOk& outcome)
+{
+    if (text.empty()) {
+        app.step_edit.clear();
+        outcome = DialogOk::no_step;
+        return std::nullopt;
+    }
+    const double value = field_value(text);
+    if (value < 0.1) {
+        app.ui().message(title_alt, delay_range_message, Icon::exclamation);
+        outcome = DialogOk::refused;
+        return std::nullopt;
+    }
+    return value;
+}
 
 std::string edit_seconds(const StepEditState& edit)
 {
@@ -58,25 +83,14 @@ Delaytime::Delaytime(const StepEditState& edit) : Text1(edit.edit_flag ? edit_se
 
 void Delaytime::key_press(char key) { filtered_key(Text1, key); }
 
-void Delaytime::leave_field(Ui& ui)
-{
-    if (!above_range(Text1)) return;
-    ui.message(title_alt, delay_range_message, Icon::exclamation);
-    Text1.clear();
-}
+void Delaytime::leave_field(Ui& ui) { check_on_leaving(ui, Text1); }
 
 DialogOk Delaytime::ok(Application& app, const KeyTarget& target)
 {
-    if (Text1.empty()) {
-        cancel(app);
-        return DialogOk::no_step;
-    }
-    const double value = field_value(Text1);
-    if (value < 0.1) {
-        app.ui().message(title_alt, delay_range_message, Icon::exclamation);
-        return DialogOk::refused;
-    }
-    const double rounded = to_whole(value * 10.0) / 10.0;
+    DialogOk outcome = DialogOk::done;
+    const auto value = value_on_ok(app, Text1, outcome);
+    if (!value) return outcome;
+    const double rounded = to_whole(*value * 10.0) / 10.0;
     const StepFields fields = duration_fields(step_delay, to_whole(rounded * 100.0));
     const std::string text = format_decimal(rounded);
     return finish_step_dialog(app, target, fields, add_delay_title, "Add DELAY " + text + " S") ? DialogOk::done
@@ -103,25 +117,14 @@ void Addbeep::move_slider(int position)
 
 void Addbeep::key_press(char key) { filtered_key(Text1, key); }
 
-void Addbeep::leave_field(Ui& ui)
-{
-    if (!above_range(Text1)) return;
-    ui.message(title_alt, delay_range_message, Icon::exclamation);
-    Text1.clear();
-}
+void Addbeep::leave_field(Ui& ui) { check_on_leaving(ui, Text1); }
 
 DialogOk Addbeep::ok(Application& app, const KeyTarget& target)
 {
-    if (Text1.empty()) {
-        cancel(app);
-        return DialogOk::no_step;
-    }
-    const double value = field_value(Text1);
-    if (value < 0.1) {
-        app.ui().message(title_alt, delay_range_message, Icon::exclamation);
-        return DialogOk::refused;
-    }
-    const int hundredths = to_whole(value * 100.0);
+    DialogOk outcome = DialogOk::done;
+    const auto value = value_on_ok(app, Text1, outcome);
+    if (!value) return outcome;
+    const int hundredths = to_whole(*value * 100.0);
     StepFields fields = duration_fields(step_beep, hundredths);
     fields.value = static_cast<std::uint16_t>(std::stoi(Label1));
     const std::string text = format_decimal(hundredths / 100.0);

@@ -123,9 +123,8 @@ void Cut_hardlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_
 
 void Cut_Softlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t page, std::uint16_t value)
 {
-    cut_matching(config, false, [&](const ActionStep& s) {
-        return s.step_type == step_link && s.param_low == device && s.param_high == page && s.value == value;
-    });
+    // A soft key is named by the same three numbers as the narrow page form.
+    Cut_marcolink(config, device, page, value);
 }
 
 void Cut_devicehardlink(Configuration& config, std::uint8_t device)
