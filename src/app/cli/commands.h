@@ -24,5 +24,6 @@ std::unique_ptr<CliContext> make_context(const GlobalOptions& options);
 using CommandRun = std::function<int()>;
 void add_document_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 
 }  // namespace tesselo::cli
