@@ -25,8 +25,9 @@ void write_payload(ActionStep& s, const StepFields& f)
     s.step_type = f.step_type;
     s.param_low = f.param_low;
     s.param_high = f.param_high;
-    if (uses_value(f.step_type)) s.value = f.value;
-    if (uses_extra(f.step_type)) s.extra = f.extra;
+    // Types without a value or extra keep the free pattern's 0 there.
+    s.value = uses_value(f.step_type) ? f.value : 0;
+    s.extra = uses_extra(f.step_type) ? f.extra : 0;
 }
 
 void swap_payload(ActionStep& a, ActionStep& b)
@@ -66,15 +67,17 @@ AppendResult append_to_chain(Configuration& config, KeyPlace& place, const StepF
     for (int l = 0; l < action_list_rows && new_list < 0; ++l)
         if (config.action_lists.entries[static_cast<std::size_t>(l)].step_count == 0) new_list = l;
     const std::int32_t list = key_action_list(config, place);
-    if (step < 0 || (list == no_index && new_list < 0)) return {AppendOutcome::document_full};
+    // A key that still names a freed list (a damaged file) starts a new one.
+    ActionList* entry = list_at(config, list);
+    const bool has_list = entry && entry->step_count > 0;
+    if (step < 0 || (!has_list && new_list < 0)) return {AppendOutcome::document_full};
 
     ActionStep& fresh = step_at(config, step);
     write_payload(fresh, fields);
     fresh.next_step = end_of_list;
     ++steps.step_total;
 
-    ActionList* entry = list_at(config, list);
-    if (entry) {
+    if (has_list) {
         ++entry->step_count;
     } else {
         entry = list_at(config, new_list);
