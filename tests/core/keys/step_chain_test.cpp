@@ -259,6 +259,16 @@ TEST_F(StepChain, DeleteMarcostepFreesTheWholeChain)
     EXPECT_EQ(chain_faults(*c), "");
 }
 
+TEST_F(StepChain, AKeyNamingAFreedListStartsANewOne)
+{
+    c->hardkeys[41].action_list = 5;  // as a damaged file may leave it
+    c->action_lists.entries[5] = {77, 0};
+    add_step(*c, hard_place(*c, 1, 0), step_delay);
+    EXPECT_EQ(c->hardkeys[41].action_list, 0);
+    EXPECT_EQ(chain(hard_place(*c, 1, 0)), std::vector<int>{0});
+    EXPECT_EQ(chain_faults(*c), "");
+}
+
 TEST_F(StepChain, DeleteButtonWritesItsLogLines)
 {
     t.app.key_selection.select_picture(22);
