@@ -21,7 +21,9 @@ std::filesystem::path executable_folder()
 
 }  // namespace
 
-std::unique_ptr<CliContext> make_context(const GlobalOptions& options)
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options) { return make_context(options, std::cout); }
+
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options, std::ostream& messages)
 {
     std::optional<std::filesystem::path> option;
     if (!options.home.empty()) option = options.home;
@@ -29,7 +31,7 @@ std::unique_ptr<CliContext> make_context(const GlobalOptions& options)
     std::string why;
     if (!prepare_home(home, TESSELO_INSTALLED_DATA, why))
         std::cerr << "tesselo-cli: cannot use the home folder " << home << ": " << why << '\n';
-    return std::make_unique<CliContext>(home);
+    return std::make_unique<CliContext>(home, messages);
 }
 
 }  // namespace tesselo::cli

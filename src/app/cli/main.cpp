@@ -14,6 +14,7 @@ int main(int argc, char** argv)
     app.add_option("--home", options.home, "the program's folder (else TESSELO_HOME, else the usual place)");
     CommandRun run;
     add_document_commands(app, options, run);
+    add_file_commands(app, options, run);
     add_script_command(app, options, run);
     add_ir_commands(app, options, run);
     try {

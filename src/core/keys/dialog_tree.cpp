@@ -1,6 +1,22 @@
 #include "core/keys/dialog_tree.h"
 
+#include "core/tree/node_keys.h"
+#include "core/tree/tree_model.h"
+
 namespace tesselo {
+
+DialogTree devices_and_pages(const TreeModel& model)
+{
+    DialogTree nodes;
+    for (int index : model.tree_order()) {
+        const TreeNode& n = model.node(index);
+        if (n.image == image_home || is_device_image(n.image))
+            nodes.push_back({n.key, n.text, n.image, ""});
+        else if (is_page_image(n.image) && model.valid(n.parent))
+            nodes.push_back({n.key, n.text, n.image, model.node(n.parent).key});
+    }
+    return nodes;
+}
 
 const DialogNode* find_dialog_node(const DialogTree& tree, const std::string& key)
 {
@@ -15,19 +31,6 @@ std::vector<int> devices_in_use(const Configuration& config)
     for (int d = 1; d < device_rows; ++d)
         if (!config.device_name_table[static_cast<std::size_t>(d)].node_key.empty()) rows.push_back(d);
     return rows;
-}
-
-int page_number_of_key(const std::string& key)
-{
-    const auto at = key.rfind("PAGE");
-    if (at == std::string::npos) return -1;
-    int number = 0;
-    bool any = false;
-    for (std::size_t i = at + 4; i < key.size() && key[i] >= '0' && key[i] <= '9' && number < 100000; ++i) {
-        number = number * 10 + (key[i] - '0');
-        any = true;
-    }
-    return any ? number : -1;
 }
 
 }  // namespace tesselo

@@ -22,12 +22,15 @@ inline const std::string currently_selected = " (Currently selected) ";
 
 using DialogTree = std::vector<DialogNode>;
 
+class TreeModel;
+
+// The device nodes (HOME among them) and page nodes of a document's tree, in
+// the tree's order, with their keys, texts and images; properties nodes are left out.
+DialogTree devices_and_pages(const TreeModel& model);
+
 const DialogNode* find_dialog_node(const DialogTree& tree, const std::string& key);
 
 // The device rows in tree order: HOME (0), then every device row in use.
 std::vector<int> devices_in_use(const Configuration& config);
-
-// The number behind "PAGE" in a node key, or -1.
-int page_number_of_key(const std::string& key);
 
 }  // namespace tesselo

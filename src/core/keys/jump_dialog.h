@@ -18,7 +18,8 @@ inline const std::string create_jump_title = "Create Jump";
 // page, carries the image "hide tv": neither can be chosen.
 class Createjump {
 public:
-    Createjump(const Configuration& config, const std::string& current_page_key);
+    // The devices and pages of the tree of document `slot`.
+    Createjump(Application& app, int slot, const std::string& current_page_key);
     DialogTree tree;
 
     // Combo1: a device chosen opens at its first page, "PAGE1" among its

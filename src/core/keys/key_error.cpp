@@ -4,6 +4,7 @@
 #include "core/document/ui.h"
 #include "core/keys/key_locator.h"
 #include "core/keys/step_chain.h"
+#include "core/tree/journal.h"
 
 namespace tesselo {
 
@@ -11,6 +12,7 @@ bool Key_error(Application& app, int slot, const KeyPlace& place)
 {
     app.key_error.key_error_shown = true;
     if (app.ui().key_error(key_error_text, key_error_confirm) != Answer::ok) return false;
+    begin_edit(app);
 
     Configuration& config = app.config(slot);
     const std::int32_t list = key_action_list(config, place);

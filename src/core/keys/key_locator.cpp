@@ -3,6 +3,7 @@
 #include "core/keys/hardkey_pictures.h"
 #include "core/keys/key_selection.h"
 #include "core/model/softkey_labels.h"
+#include "core/tree/tree_view.h"
 
 namespace tesselo {
 
@@ -39,7 +40,7 @@ int slots_in_use(const Configuration& config, const KeyPlace& place)
 std::optional<KeyPlace> locate_page(const Configuration& config, const std::string& page_key)
 {
     KeyPlace place;
-    place.device = device_of_node_key(config, parent_node_key(page_key));
+    place.device = device_row_of_key(config, parent_node_key(page_key));
     if (place.device < 0) return std::nullopt;
     place.page_row = page_row_of_key(config, page_key);
     if (place.page_row < 0) return std::nullopt;
@@ -60,14 +61,6 @@ std::string parent_node_key(const std::string& page_key)
 {
     const auto cut = page_key.find('\\');
     return cut == std::string::npos ? std::string() : page_key.substr(0, cut);
-}
-
-int device_of_node_key(const Configuration& config, const std::string& key)
-{
-    if (key.empty()) return -1;
-    for (int d = 0; d < device_rows; ++d)
-        if (config.device_name_table[static_cast<std::size_t>(d)].node_key == key) return d;
-    return -1;
 }
 
 std::optional<KeyPlace> locate_softkey(const Configuration& config, const std::string& page_key,

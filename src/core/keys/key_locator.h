@@ -34,8 +34,6 @@ std::optional<KeyPlace> locate_key(const Configuration& config, const std::strin
 std::optional<KeyPlace> locate_softkey(const Configuration& config, const std::string& page_key,
                                        std::uint8_t position);
 
-// The device row of a device node key (1 to 128), 0 for HOME's key, -1 if none.
-int device_of_node_key(const Configuration& config, const std::string& key);
 // The part of a page node key before its "\": the key of its device node.
 std::string parent_node_key(const std::string& page_key);
 

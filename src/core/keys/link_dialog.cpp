@@ -9,8 +9,8 @@
 #include "core/keys/key_selection.h"
 #include "core/keys/step_commands.h"
 #include "core/keys/step_text.h"
-#include "core/model/label_text.h"
-#include "core/tree/link_repair.h"
+#include "core/tree/node_keys.h"
+#include "core/tree/tree_view.h"
 
 namespace tesselo {
 
@@ -48,7 +48,7 @@ struct PageOfNode {
 PageOfNode find_page(const Configuration& config, const std::string& page_key)
 {
     for (int d : devices_in_use(config)) {
-        const int base = first_page_row(config, d);
+        const int base = pages_before(config, d);
         const int count = config.device_table[static_cast<std::size_t>(d)].page_count;
         for (int p = base; p < base + count && p < page_rows; ++p)
             if (config.page_table[static_cast<std::size_t>(p)].node_key == page_key) return {d, p, p - base};
@@ -88,7 +88,7 @@ std::vector<std::string> fill_hardkey_list(const Configuration& config, int devi
         for (const auto& [k, fixed] : transport_names)
             if (k == key) name = fixed;
         if (name.empty())
-            name = label_to_text(config.hardkey_labels[static_cast<std::size_t>(device * hardkeys_per_device + key)]);
+            name = decode_device_name(config.hardkey_labels[static_cast<std::size_t>(device * hardkeys_per_device + key)]);
         names.push_back(name);
     }
     return names;
@@ -104,13 +104,19 @@ std::string CreateLink::softkey_node_key(const std::string& page_key, int positi
     return page_key + "KEY" + std::to_string(position);
 }
 
-CreateLink::CreateLink(const Configuration& config, const std::string& current_page_key, const KeySelection& selection)
+CreateLink::CreateLink(Application& app, int slot, const std::string& current_page_key, const KeySelection& selection)
 {
-    const std::string current_device = current_page_key.substr(0, current_page_key.find('\\'));
-    for (int d : devices_in_use(config)) {
-        const std::string& device_key = config.device_name_table[static_cast<std::size_t>(d)].node_key;
-        const bool hidden = config.device_table[static_cast<std::size_t>(d)].hidden == hidden_flag;
-        tree.push_back({device_key, device_tree_text(config, d), d == 0 ? "home" : hidden ? "hide device" : "device", ""});
+    const Configuration& config = app.config(slot);
+    const std::string current_device = parent_node_key(current_page_key);
+    for (const DialogNode& from_tree : devices_and_pages(app.tree(slot))) {
+        if (!from_tree.parent.empty()) {
+            add_page(config, from_tree, current_page_key, selection);
+            continue;
+        }
+        tree.push_back(from_tree);
+        const std::string& device_key = from_tree.key;
+        const int d = device_row_of_key(config, device_key);
+        if (d < 0) continue;
         const std::string hard_node = device_key + hard_button_text;
         tree.push_back({hard_node, hard_button_text, "hardbutton", device_key});
         const auto names = fill_hardkey_list(config, d);
@@ -123,28 +129,29 @@ CreateLink::CreateLink(const Configuration& config, const std::string& current_p
             }
             tree.push_back(node);
         }
-        const int base = first_page_row(config, d);
-        const int count = config.device_table[static_cast<std::size_t>(d)].page_count;
-        for (int p = base; p < base + count && p < page_rows; ++p) {
-            const auto& page = config.page_table[static_cast<std::size_t>(p)];
-            tree.push_back({page.node_key, "PAGE" + std::to_string(page_number_of_key(page.node_key)),
-                            page.hidden == hidden_flag ? "hide tv" : "tv", device_key});
-            const auto* slots = slots_of_page(config, d, p);
-            if (!slots) continue;
-            for (int s = 0; s < page.key_count && s < softkeys_per_page; ++s) {
-                const SoftKey& key = (*slots)[static_cast<std::size_t>(s)];
-                if (key.position == 0) continue;  // the title row is the page's own node
-                std::string text = key.label_index >= 0 && key.label_index < softkey_label_rows
-                                       ? label_to_text(config.softkey_labels[static_cast<std::size_t>(key.label_index)])
-                                       : "";
-                DialogNode node{softkey_node_key(page.node_key, key.position), text, "button", page.node_key};
-                if (selection.is_soft() && page.node_key == current_page_key && key.position == selection.position()) {
-                    node.text += currently_selected;
-                    node.image = "disablebutton";
-                }
-                tree.push_back(node);
-            }
+    }
+}
+
+void CreateLink::add_page(const Configuration& config, const DialogNode& page_node, const std::string& current_page_key,
+                          const KeySelection& selection)
+{
+    tree.push_back(page_node);
+    const PageOfNode page = find_page(config, page_node.key);
+    const auto* slots = page.device >= 0 ? slots_of_page(config, page.device, page.row) : nullptr;
+    if (!slots) return;
+    const int used = config.page_table[static_cast<std::size_t>(page.row)].key_count;
+    for (int s = 0; s < used && s < softkeys_per_page; ++s) {
+        const SoftKey& key = (*slots)[static_cast<std::size_t>(s)];
+        if (key.position == 0) continue;  // the title row is the page's own node
+        const std::string text = key.label_index >= 0 && key.label_index < softkey_label_rows
+                                     ? decode_device_name(config.softkey_labels[static_cast<std::size_t>(key.label_index)])
+                                     : "";
+        DialogNode node{softkey_node_key(page_node.key, key.position), text, "button", page_node.key};
+        if (selection.is_soft() && page_node.key == current_page_key && key.position == selection.position()) {
+            node.text += currently_selected;
+            node.image = "disablebutton";
         }
+        tree.push_back(node);
     }
 }
 
@@ -170,7 +177,7 @@ DialogOk CreateLink::ok(Application& app, const KeyTarget& target, const std::st
             key = std::stoi(node->key.substr(device_key.size() + 4));
         }
         if (key < 0) return refuse(app, link_invalid_button);
-        fields.param_low = static_cast<std::uint8_t>(device_of_node_key(config, device_key));
+        fields.param_low = static_cast<std::uint8_t>(device_row_of_key(config, device_key));
         fields.param_high = free_byte;
         fields.value = static_cast<std::uint16_t>(key + 1);
         fields.extra = static_cast<std::uint8_t>(key + 1);
@@ -198,7 +205,7 @@ DialogOk CreateLink::ok(Application& app, const KeyTarget& target, const std::st
     shown.param_high = fields.param_high;
     shown.value = fields.value;
     shown.extra = fields.extra;
-    const auto parts = plain_step_parts(config, shown);
+    const auto parts = plain_step_parts(config, shown, &app.tree(target.slot));
     const std::string log = "Add LINK TO " + parts[1] + parts[2];
     return finish_step_dialog(app, target, fields, create_link_title, log) ? DialogOk::done : DialogOk::limit;
 }

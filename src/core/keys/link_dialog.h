@@ -32,7 +32,8 @@ std::vector<std::string> fill_hardkey_list(const Configuration& config, int devi
 // key's own node is marked " (Currently selected) " and disabled.
 class CreateLink {
 public:
-    CreateLink(const Configuration& config, const std::string& current_page_key, const KeySelection& selection);
+    // The devices and pages of the tree of document `slot`, with their keys.
+    CreateLink(Application& app, int slot, const std::string& current_page_key, const KeySelection& selection);
     DialogTree tree;
 
     // The node of a device's hard key, of a page's soft key by position byte.
@@ -43,6 +44,10 @@ public:
     // the one chosen in the list (`list_choice`, -1 for none).
     DialogOk ok(Application& app, const KeyTarget& target, const std::string& node_key, int list_choice = -1) const;
     static void cancel(Application& app);
+
+private:
+    void add_page(const Configuration& config, const DialogNode& page_node, const std::string& current_page_key,
+                  const KeySelection& selection);
 };
 
 }  // namespace tesselo

@@ -6,6 +6,7 @@
 #include "core/keys/key_locator.h"
 #include "core/keys/step_text.h"
 #include "core/model/action_chain.h"
+#include "core/tree/journal.h"
 
 namespace tesselo {
 
@@ -48,6 +49,8 @@ int append_step(Application& app, const KeyTarget& target, const StepFields& fie
 bool finish_step_dialog(Application& app, const KeyTarget& target, const StepFields& fields,
                         const std::string& dialog_title, const std::string& log_text)
 {
+    // Every OK journals first: the snapshot, the redo side emptied.
+    begin_edit(app);
     bool done = false;
     if (app.step_edit.edit_flag) {
         rewrite_step(app.config(target.slot), app.step_edit.step, fields);
@@ -68,7 +71,7 @@ std::vector<StepRow> load_step_rows(Application& app, const KeyTarget& target, c
     Configuration& config = app.config(target.slot);
     bool broken = false;
     for (int step : steps_of_list(config, key_action_list(config, *place))) {
-        if (auto text = display_marcostep(config, step, ir)) rows.push_back({step, *text});
+        if (auto text = display_marcostep(config, step, ir, &app.tree(target.slot))) rows.push_back({step, *text});
         else broken = true;
     }
     if (broken && !app.key_error.key_error_shown) {
@@ -97,6 +100,8 @@ bool DeleteBt(Application& app, const KeyTarget& target, int row)
     if (!place) return false;
     Configuration& config = app.config(target.slot);
     const std::int32_t list = key_action_list(config, *place);
+    if (row < 1 || row > static_cast<int>(steps_of_list(config, list).size())) return false;
+    begin_edit(app);
     if (delete_marcostep_item(config, *place, row) < 0) return false;
     app.write_log("delete marco step " + target.page_key + " " + key_words(app) + " " + std::to_string(list));
     app.write_log("-");
@@ -109,7 +114,11 @@ bool MoveUPBt(Application& app, const KeyTarget& target, int row)
     auto place = selected_place(app, target);
     if (!place) return false;
     Configuration& config = app.config(target.slot);
-    if (!move_marcostep_up(config, key_action_list(config, *place), row)) return false;
+    const int list = key_action_list(config, *place);
+    const int count = static_cast<int>(steps_of_list(config, list).size());
+    if (row < 2 || row > count) return false;
+    begin_edit(app);
+    move_marcostep_up(config, list, row);
     app.write_log("move marco step up");
     return true;
 }
@@ -119,7 +128,11 @@ bool MoveDownBt(Application& app, const KeyTarget& target, int row)
     auto place = selected_place(app, target);
     if (!place) return false;
     Configuration& config = app.config(target.slot);
-    if (!move_marcostep_down(config, key_action_list(config, *place), row)) return false;
+    const int list = key_action_list(config, *place);
+    const int count = static_cast<int>(steps_of_list(config, list).size());
+    if (row < 1 || row >= count) return false;
+    begin_edit(app);
+    move_marcostep_down(config, list, row);
     app.write_log("move marco step down");
     return true;
 }

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "core/model/action_chain.h"
+#include "core/tree/tree_view.h"
 
 namespace tesselo {
 
@@ -107,13 +108,6 @@ std::uint8_t home_page_of_device(int device) { return static_cast<std::uint8_t>(
 
 }  // namespace
 
-int first_page_row(const Configuration& config, int device)
-{
-    int row = 0;
-    for (int d = 0; d < device && d < device_rows; ++d) row += config.device_table[static_cast<std::size_t>(d)].page_count;
-    return row;
-}
-
 void Cut_hardlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t key)
 {
     cut_matching(config, false, [&](const ActionStep& s) {
@@ -166,7 +160,7 @@ void Cut_marcojumplink(Configuration& config, std::uint8_t device, std::uint8_t 
             if (key.action_list >= 0 && key.action_list < action_list_rows)
                 home_list[static_cast<std::size_t>(key.action_list)] = 1;
 
-    const int base = first_page_row(config, device);
+    const int base = pages_before(config, device);
     const int pages = device < device_rows ? config.device_table[device].page_count : 0;
     std::vector<int> rows;
     for (int row = 0; row < action_step_rows; ++row) {
@@ -209,7 +203,7 @@ void repoint_firstpage(Configuration& config, const std::string& device_key, int
                        const std::string& /*page_key*/)
 {
     if (device_row < 1 || device_row >= device_rows) return;
-    const int base = first_page_row(config, device_row);
+    const int base = pages_before(config, device_row);
     const int pages = config.device_table[static_cast<std::size_t>(device_row)].page_count;
     int shown = -1;
     for (int p = 0; p < pages && shown < 0; ++p)

@@ -34,8 +34,4 @@ void Cut_marcojumplink(Configuration& config, std::uint8_t device, std::uint8_t 
 void repoint_firstpage(Configuration& config, const std::string& device_key, int device_row,
                        const std::string& page_key);
 
-// The row in page_table of the first page of `device`: the page counts of
-// all devices before it.
-int first_page_row(const Configuration& config, int device);
-
 }  // namespace tesselo

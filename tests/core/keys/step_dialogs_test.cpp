@@ -6,6 +6,8 @@
 #include "core/keys/link_dialog.h"
 #include "core/keys/step_commands.h"
 #include "core/keys/step_text.h"
+#include "core/tree/journal.h"
+#include "core/tree/tree_view.h"
 #include "support/step_document.h"
 #include "support/test_app.h"
 
@@ -31,6 +33,7 @@ struct StepDialogs : ::testing::Test {
         c = &t.app.config(0);
         testing::add_test_device(*c, 0, 1, 2, "TV");
         testing::add_test_device(*c, 0, 2, 3, "DVD");
+        addtotreeview(t.app, 0);
         t.app.key_selection.select_picture(5);  // row 1, right
         t.take_lines();
     }
@@ -156,6 +159,21 @@ TEST_F(StepDialogs, EditModeRewritesTheStepInPlaceWithoutTheLimits)
     EXPECT_EQ(t.take_lines().back(), "message \"Add Delay\" \"Exceed marco steps!\"");
 }
 
+TEST_F(StepDialogs, EveryOkJournalsFirstSoThatUndoTakesTheStepBack)
+{
+    ASSERT_EQ(delay("1"), DialogOk::done);
+    ASSERT_EQ(delay("2"), DialogOk::done);
+    EXPECT_EQ(t.app.journal().undo.count, 2);
+    EXPECT_TRUE(DeleteBt(t.app, target(), 1));
+    EXPECT_FALSE(MoveUPBt(t.app, target(), 1));  // nothing to move: no snapshot
+    EXPECT_EQ(t.app.journal().undo.count, 3);
+    muUndo_Click(t.app);
+    EXPECT_EQ(rows(), (std::vector<std::string>{"DELAY 1 S", "DELAY 2 S"}));
+    muUndo_Click(t.app);
+    EXPECT_EQ(rows(), std::vector<std::string>{"DELAY 1 S"});
+    EXPECT_EQ(c->action_steps.step_total, 1);
+}
+
 TEST_F(StepDialogs, BeepInEditModeShowsItsFrequencyAndSlider)
 {
     StepFields f = duration_fields(step_beep, 150);
@@ -170,7 +188,7 @@ TEST_F(StepDialogs, BeepInEditModeShowsItsFrequencyAndSlider)
 
 TEST_F(StepDialogs, JumpToTheFirstPageHasOrdinal0AndShowsPage1)
 {
-    Createjump j(*c, page);
+    Createjump j(t.app, 0, page);
     EXPECT_EQ(j.choose_device("DEVICE21"), "DEVICE21\\PAGE1");
     ASSERT_EQ(j.ok(t.app, target(), "DEVICE21\\PAGE1"), DialogOk::done);
     EXPECT_EQ(last_step().step_type, step_jump);
@@ -186,13 +204,14 @@ TEST_F(StepDialogs, JumpMarksTheCurrentPageAndRefusesWhatCannotBeChosen)
 {
     c->page_table[4].hidden = hidden_flag;  // DVD's PAGE2
     c->device_table[2].hidden = hidden_flag;
-    Createjump j(*c, page);
+    addtotreeview(t.app, 0);
+    Createjump j(t.app, 0, page);
     const auto* current = find_dialog_node(j.tree, page + " (Currently selected) ");
     ASSERT_TRUE(current);
     EXPECT_EQ(current->text, "PAGE1 (Currently selected) ");
     EXPECT_EQ(current->image, "hide tv");
     EXPECT_EQ(find_dialog_node(j.tree, "DEVICE21")->image, "hide device");
-    EXPECT_EQ(find_dialog_node(j.tree, "DEVICE21")->text, "[DVD]");
+    EXPECT_EQ(find_dialog_node(j.tree, "DEVICE21")->text, "DVD");  // the tree's text
     EXPECT_EQ(find_dialog_node(j.tree, "DEVICE21\\PAGE2")->image, "hide tv");
     for (const std::string key : {page + " (Currently selected) ", std::string("DEVICE21\\PAGE2"), std::string("DEVICE21"),
                                   std::string("NOWHERE")})
@@ -203,7 +222,7 @@ TEST_F(StepDialogs, JumpMarksTheCurrentPageAndRefusesWhatCannotBeChosen)
 
 TEST_F(StepDialogs, LinkToAHardKeyHasParamHigh255AndTheKeyIndexPlusOne)
 {
-    CreateLink l(*c, page, t.app.key_selection);
+    CreateLink l(t.app, 0, page, t.app.key_selection);
     ASSERT_EQ(l.ok(t.app, target(), CreateLink::hardkey_node_key("DEVICE21", 20)), DialogOk::done);
     EXPECT_EQ(last_step().param_low, 2);
     EXPECT_EQ(last_step().param_high, 255);
@@ -241,7 +260,7 @@ TEST_F(StepDialogs, LinkToASoftKeyTakesNumberPositionAndPlace)
     key->position = 131;
     c->softkey_labels[static_cast<std::size_t>(key->label_index)] = testing::label_of("REC");
     c->softkey_labels[static_cast<std::size_t>(key->label_index)].bytes[3] = 80;  // a symbol glyph shows as "="
-    CreateLink l(*c, page, t.app.key_selection);
+    CreateLink l(t.app, 0, page, t.app.key_selection);
     ASSERT_EQ(l.ok(t.app, target(), CreateLink::softkey_node_key("DEVICE21\\PAGE2", 131)), DialogOk::done);
     EXPECT_EQ(last_step().param_low, 2);
     EXPECT_EQ(last_step().param_high, 1);
@@ -257,7 +276,7 @@ TEST_F(StepDialogs, LinkToASoftKeyTakesNumberPositionAndPlace)
 TEST_F(StepDialogs, LinkRefusesNoNodeADisabledNodeAndADeviceNode)
 {
     t.app.key_selection.select_picture(39);  // hard key 22 of the TV
-    CreateLink l(*c, page, t.app.key_selection);
+    CreateLink l(t.app, 0, page, t.app.key_selection);
     const auto* own = find_dialog_node(l.tree, CreateLink::hardkey_node_key("DEVICE11", 22));
     ASSERT_TRUE(own);
     EXPECT_EQ(own->text, "PAUSE (Currently selected) ");
@@ -276,7 +295,7 @@ TEST_F(StepDialogs, LinkOnAFullKeyShowsTheLimitUnderCreateLink)
 {
     for (int i = 0; i < 40; ++i) ASSERT_EQ(delay("1"), DialogOk::done);
     t.take_lines();
-    CreateLink l(*c, page, t.app.key_selection);
+    CreateLink l(t.app, 0, page, t.app.key_selection);
     EXPECT_EQ(l.ok(t.app, target(), "DEVICE21\\PAGE1"), DialogOk::limit);
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{"message \"Create Link\" \"Exceed marco steps!\""});
 }
