@@ -98,7 +98,6 @@ void add_step_operations(ScriptOperations& ops)
         }
         if (picture < 0) return LineResult::bad_line;
         select_key(ctx.app, picture);
-        ctx.app.selection().selected_kind = TreeSelection::Kind::key;
         load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home()));
         return LineResult::done;
     };

@@ -7,6 +7,7 @@
 #include "core/keys/step_text.h"
 #include "core/model/action_chain.h"
 #include "core/tree/journal.h"
+#include "core/tree/selection.h"
 
 namespace tesselo {
 
@@ -30,6 +31,8 @@ void select_key(Application& app, int index)
 {
     app.key_selection.select_picture(index);
     app.key_error.key_error_shown = false;
+    // The last click was on a key: undo and redo select it again.
+    app.selection().selected_kind = TreeSelection::Kind::key;
 }
 
 int append_step(Application& app, const KeyTarget& target, const StepFields& fields, const std::string& dialog_title)
@@ -109,32 +112,29 @@ bool DeleteBt(Application& app, const KeyTarget& target, int row)
     return true;
 }
 
-bool MoveUPBt(Application& app, const KeyTarget& target, int row)
+namespace {
+
+// Move action Up and Move action down: Up does nothing on the first row,
+// Down nothing on the last; neither takes a snapshot then.
+bool move_row(Application& app, const KeyTarget& target, int row, bool up)
 {
     auto place = selected_place(app, target);
     if (!place) return false;
     Configuration& config = app.config(target.slot);
     const int list = key_action_list(config, *place);
     const int count = static_cast<int>(steps_of_list(config, list).size());
-    if (row < 2 || row > count) return false;
+    if (row < (up ? 2 : 1) || row > (up ? count : count - 1)) return false;
     begin_edit(app);
-    move_marcostep_up(config, list, row);
-    app.write_log("move marco step up");
+    if (up) move_marcostep_up(config, list, row);
+    else move_marcostep_down(config, list, row);
+    app.write_log(up ? "move marco step up" : "move marco step down");
     return true;
 }
 
-bool MoveDownBt(Application& app, const KeyTarget& target, int row)
-{
-    auto place = selected_place(app, target);
-    if (!place) return false;
-    Configuration& config = app.config(target.slot);
-    const int list = key_action_list(config, *place);
-    const int count = static_cast<int>(steps_of_list(config, list).size());
-    if (row < 1 || row >= count) return false;
-    begin_edit(app);
-    move_marcostep_down(config, list, row);
-    app.write_log("move marco step down");
-    return true;
-}
+}  // namespace
+
+bool MoveUPBt(Application& app, const KeyTarget& target, int row) { return move_row(app, target, row, true); }
+
+bool MoveDownBt(Application& app, const KeyTarget& target, int row) { return move_row(app, target, row, false); }
 
 }  // namespace tesselo

@@ -283,5 +283,19 @@ TEST_F(StepChain, DeleteButtonWritesItsLogLines)
     EXPECT_TRUE(MoveUPBt(t.app, target(), 1) == false);
 }
 
+TEST_F(StepChain, MoveButtonsWriteTheirLogLinesAndDoNothingAtTheEnds)
+{
+    t.app.key_selection.select_picture(22);
+    append_step(t.app, target(), duration_fields(step_delay, 10), add_delay_title);
+    append_step(t.app, target(), duration_fields(step_beep, 20), add_beep_title);
+    EXPECT_FALSE(MoveUPBt(t.app, target(), 1));
+    EXPECT_FALSE(MoveDownBt(t.app, target(), 2));
+    EXPECT_TRUE(MoveUPBt(t.app, target(), 2));
+    EXPECT_EQ(t.log_lines().back(), "\"move marco step up\"");
+    EXPECT_TRUE(MoveDownBt(t.app, target(), 1));
+    EXPECT_EQ(t.log_lines().back(), "\"move marco step down\"");
+    EXPECT_EQ(c->action_steps.steps[0].step_type, step_delay);
+}
+
 }  // namespace
 }  // namespace tesselo
