@@ -97,6 +97,20 @@ int begin_step_edit(Application& app, const KeyTarget& target, int row)
     return s.step_type;
 }
 
+std::string step_editor(std::uint8_t step_type)
+{
+    switch (step_type) {
+    case step_ir_code: case step_mydatabase: return "EditIR";
+    case step_rc5: case step_rc5x: case step_rc6: case step_rc6a: return "RC56Edit";
+    case step_learning: case step_mydatabase_learning: return "Learning";
+    case step_jump: return "Createjump";
+    case step_delay: return "Delaytime";
+    case step_link: return "CreateLink";
+    case step_beep: return "Addbeep";
+    default: return {};
+    }
+}
+
 bool DeleteBt(Application& app, const KeyTarget& target, int row)
 {
     auto place = selected_place(app, target);

@@ -51,6 +51,11 @@ std::vector<StepRow> load_step_rows(Application& app, const KeyTarget& target, c
 // edit flag. Returns the step's type, or -1 when there is no such row.
 int begin_step_edit(Application& app, const KeyTarget& target, int row);
 
+// The dialog that edits a step of `step_type`: "EditIR" (0, 128), "RC56Edit"
+// (1 to 4), "Learning" (5, 133), "Createjump", "Delaytime", "CreateLink",
+// "Addbeep"; empty for a free step.
+std::string step_editor(std::uint8_t step_type);
+
 // The step list's buttons, on row `row` (1-based). False when nothing changed.
 bool DeleteBt(Application& app, const KeyTarget& target, int row);
 bool MoveUPBt(Application& app, const KeyTarget& target, int row);

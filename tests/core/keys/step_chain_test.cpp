@@ -283,6 +283,20 @@ TEST_F(StepChain, DeleteButtonWritesItsLogLines)
     EXPECT_TRUE(MoveUPBt(t.app, target(), 1) == false);
 }
 
+TEST(StepEditor, EachTypeOpensItsOwnDialog)
+{
+    EXPECT_EQ(step_editor(0), "EditIR");
+    EXPECT_EQ(step_editor(128), "EditIR");
+    for (std::uint8_t t : {1, 2, 3, 4}) EXPECT_EQ(step_editor(t), "RC56Edit");
+    EXPECT_EQ(step_editor(5), "Learning");
+    EXPECT_EQ(step_editor(133), "Learning");
+    EXPECT_EQ(step_editor(6), "Createjump");
+    EXPECT_EQ(step_editor(7), "Delaytime");
+    EXPECT_EQ(step_editor(8), "CreateLink");
+    EXPECT_EQ(step_editor(9), "Addbeep");
+    EXPECT_EQ(step_editor(255), "");
+}
+
 TEST_F(StepChain, MoveButtonsWriteTheirLogLinesAndDoNothingAtTheEnds)
 {
     t.app.key_selection.select_picture(22);
