@@ -4,6 +4,7 @@
 
 #include "core/document/clock.h"
 #include "core/document/log.h"
+#include "core/link/download.h"
 
 namespace tesselo {
 
@@ -11,6 +12,10 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesyst
     : ui_(ui), clock_(clock), launcher_(launcher), home_(std::move(home))
 {
     for (auto& slot : slots_) slot = std::make_unique<Configuration>();
+    // Saving in download mode sends the image to the remote before the file is written.
+    download_hook = [this](std::vector<std::uint8_t>& image, std::size_t length) {
+        download_image(*this, image, length);
+    };
 }
 
 Application::~Application() = default;

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/link/link.h"
 #include "core/model/configuration.h"
 #include "core/model/limits.h"
 
@@ -75,8 +76,14 @@ public:
         for (auto* l : std::vector<ApplicationListener*>(listeners_)) f(*l);
     }
 
-    // Where save_tofile in download mode hands the finished image.
-    std::function<void(const std::vector<std::uint8_t>& image, std::size_t length)> download_hook;
+    // Where save_tofile in download mode hands the finished image; the file
+    // then receives the image as it went to the remote, changed bytes included.
+    std::function<void(std::vector<std::uint8_t>& image, std::size_t length)> download_hook;
+
+    // The link to the remote, one for the whole program, and the flags that
+    // keep a second upload or learn from starting while one runs.
+    Link& link() { return link_; }
+    ExchangeFlags& flags() { return flags_; }
 
     // One line to the day's log file in the home folder.
     void write_log(const std::string& text);
@@ -86,6 +93,8 @@ private:
     Clock& clock_;
     Launcher& launcher_;
     std::filesystem::path home_;
+    Link link_{clock_};
+    ExchangeFlags flags_;
     std::array<std::unique_ptr<Configuration>, document_slots> slots_;
     std::vector<Document> documents_;
     int active_ = -1;
