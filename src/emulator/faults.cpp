@@ -25,6 +25,7 @@ const std::vector<FaultInfo>& fault_table()
         {Fault::stall_frames, "stall_frames", "every write of 8 bytes or more times out"},
         {Fault::stall_data, "stall_data", "every write of more than 8 bytes (blocks, data frames) times out"},
         {Fault::stall_go_ahead, "stall_go_ahead", "the go-ahead byte 0xFA of an upload block times out"},
+        {Fault::stall_end_frame, "stall_end_frame", "the end frame of a download, clock sync or test times out"},
         {Fault::mute_ack, "mute_ack", "never acknowledges a block or data frame"},
         {Fault::empty_ack, "empty_ack", "the read of an acknowledgement completes with nothing"},
         {Fault::own_number_ack, "own_number_ack", "acknowledges a frame with its own number instead of the next"},

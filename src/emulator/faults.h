@@ -28,6 +28,7 @@ enum class Fault {
     stall_frames,
     stall_data,
     stall_go_ahead,
+    stall_end_frame,
     mute_ack,
     empty_ack,
     own_number_ack,

@@ -20,6 +20,12 @@ bool is_opening(const std::uint8_t* d)
     return d[2] == 0 && d[3] == 0 && d[4] == 0 && d[5] == 0 && d[6] == 0;
 }
 
+bool is_end_frame(const std::uint8_t* d)
+{
+    const Tag tag{d[0], d[1]};
+    return is_opening(d) && (tag == tag_download_end || tag == tag_clock_end || tag == tag_test_end);
+}
+
 }  // namespace
 
 RemoteEmulator::RemoteEmulator(std::filesystem::path flash_file) : flash_file_(std::move(flash_file))
@@ -77,7 +83,8 @@ RemoteEmulator::Take RemoteEmulator::receive(const std::uint8_t* data, std::size
                    pending_.end());
     if (has(Fault::stall_writes) || (has(Fault::stall_frames) && count >= frame_size) ||
         (has(Fault::stall_data) && count > frame_size) ||
-        (has(Fault::stall_go_ahead) && count == 1 && data[0] == go_ahead_byte))
+        (has(Fault::stall_go_ahead) && count == 1 && data[0] == go_ahead_byte) ||
+        (has(Fault::stall_end_frame) && count == frame_size && is_end_frame(data)))
         return Take::stalled;
 
     if (count == 1 && data[0] == wake_up_byte) {
