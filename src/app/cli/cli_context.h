@@ -29,6 +29,8 @@ struct CliContext {
     PosixLauncher launcher;
     Application app;
     std::ostream& output;
+    // Set when the link's description could not be understood; the words say why.
+    std::string link_error;
 };
 
 }  // namespace tesselo::cli

@@ -30,7 +30,7 @@ std::array<std::uint8_t, 12> clock_frame(const LocalTime& now)
     return f;
 }
 
-void clock_sync(Application& app)
+bool clock_sync(Application& app)
 {
     Ui& ui = app.ui();
     Link& link = app.link();
@@ -41,12 +41,12 @@ void clock_sync(Application& app)
     switch (opening.outcome) {
     case Opening::ok: break;
     // These two go to the Add IR Code dialog's status line, seen only when it is open.
-    case Opening::no_device: ui.editir_status(text_no_usb_device); return;
-    case Opening::reply_empty: ui.editir_status("Download Failed(Error #002)! "); return;
+    case Opening::no_device: ui.editir_status(text_no_usb_device); return false;
+    case Opening::reply_empty: ui.editir_status("Download Failed(Error #002)! "); return false;
     case Opening::handshake_error:
     case Opening::header_error:
-    case Opening::id_error: show_link_failure(ui, handshake_words(opening.outcome)); return;
-    default: return;
+    case Opening::id_error: show_link_failure(ui, handshake_words(opening.outcome)); return false;
+    default: return false;
     }
 
     // The time is read once: every attempt carries the same value.
@@ -64,7 +64,7 @@ void clock_sync(Application& app)
     }
     if (!accepted) {
         show_link_failure(ui, with_common_tail(text_download_failed));
-        return;
+        return false;
     }
     const Frame end = make_frame(tag_clock_end);
     std::size_t written = 0;
@@ -73,6 +73,7 @@ void clock_sync(Application& app)
         link.close_usb();
     app.write_log("Clock sync");
     ui.message(title_main, text_send_complete, Icon::none);
+    return true;
 }
 
 }  // namespace tesselo

@@ -8,8 +8,9 @@ namespace tesselo {
 class Application;
 struct LocalTime;
 
-// Sets the remote's clock to the computer's local time of day.
-void clock_sync(Application& app);
+// Sets the remote's clock to the computer's local time of day. True when it
+// ended in "Send Complete!".
+bool clock_sync(Application& app);
 
 // The 12-byte data frame of Clock Sync: hours, minutes and seconds in
 // binary-coded decimal behind a frame of length 3 and sequence 1.

@@ -22,7 +22,7 @@ int shown(double value) { return static_cast<int>(std::lround(value)); }
 
 }  // namespace
 
-void download_image(Application& app, std::vector<std::uint8_t>& image, std::size_t size)
+bool download_image(Application& app, std::vector<std::uint8_t>& image, std::size_t size)
 {
     Ui& ui = app.ui();
     Link& link = app.link();
@@ -32,11 +32,11 @@ void download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
     const OpeningResult opening = open_exchange(link, tag_download, download_times);
     switch (opening.outcome) {
     case Opening::ok: break;
-    case Opening::no_device: ui.message(title_main, text_no_usb_device, Icon::exclamation); return;
+    case Opening::no_device: ui.message(title_main, text_no_usb_device, Icon::exclamation); return false;
     case Opening::wake_up_failed:
     case Opening::reply_empty:
-    case Opening::reply_wrong_tag: show_link_failure(ui, with_common_tail(text_download_failed)); return;
-    default: return;  // a write that failed: the remote has just gone
+    case Opening::reply_wrong_tag: show_link_failure(ui, with_common_tail(text_download_failed)); return false;
+    default: return false;  // a write that failed: the remote has just gone
     }
 
     // The remote's four bytes go into the image, whatever the reply's length was.
@@ -71,11 +71,11 @@ void download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
 
         for (int attempt = 0; attempt < block_attempts; ++attempt) {
             std::size_t written = 0;
-            if (link.write_usb(block.data(), count + 9, written, write_timeout) != 1 || written != count + 9) return;
+            if (link.write_usb(block.data(), count + 9, written, write_timeout) != 1 || written != count + 9) return false;
             ack.fill(0);
             if (link.read_usb(ack.data(), ack.size(), ack_timeout) == 0) {
                 show_link_failure(ui, with_common_tail(text_download_failed));
-                return;
+                return false;
             }
             const int sent = static_cast<int>(big_endian(frame.data(), 4));
             const int answer = static_cast<int>(big_endian(ack.data(), 4));
@@ -90,29 +90,38 @@ void download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
 
     const Frame end = make_frame(tag_download_end);
     std::size_t written = 0;
-    if (link.write_usb(end.data(), end.size(), written, write_timeout) != 1 || written != end.size()) return;
+    if (link.write_usb(end.data(), end.size(), written, write_timeout) != 1 || written != end.size()) return false;
     ui.repaint();
     ui.download_progress(shown(maximum), shown(maximum));
     ui.message(title_main, text_send_complete, Icon::none);
     ui.download_progress(0, shown(maximum));
+    return true;
 }
 
-void muDownload_Click(Application& app)
+bool muDownload_Click(Application& app)
 {
     Ui& ui = app.ui();
     const Document* document = app.active();
-    if (!document) return;
+    if (!document) return false;
     const int slot = document->slot;
     const std::string caption = document->title;
     ui.download_window_show(download_caption, true);
     ui.repaint();
     app.write_log("download(start) - " + caption);
+    bool complete = false;
     {
         WaitCursor wait(ui);
+        // The transfer's outcome is noted on the way through save_tofile.
+        const auto hook = app.download_hook;
+        app.download_hook = [&](std::vector<std::uint8_t>& image, std::size_t length) {
+            complete = download_image(app, image, length);
+        };
         save_tofile(app, (app.home() / scratch_image_name).string(), 1, slot);
+        app.download_hook = hook;
     }
     app.write_log(caption + "-" + "Download to QM4100/QM5100");
     ui.download_window_unload();
+    return complete;
 }
 
 }  // namespace tesselo
