@@ -13,6 +13,7 @@ void install_link(CliContext& ctx, const std::string& spec)
     if (spec == "usb") {
         ctx.app.link().set_transport(std::make_unique<usb::LibusbTransport>());
     } else if (spec == "emulator") {
+        ctx.clock.skip_waits = true;
         auto remote = std::make_shared<emulator::RemoteEmulator>(ctx.app.home() / emulator_flash_name);
         ctx.app.link().set_transport(std::make_unique<emulator::EmulatorTransport>(remote, ctx.clock));
     } else if (spec.rfind("tcp:", 0) == 0) {
