@@ -27,5 +27,6 @@ using CommandRun = std::function<int()>;
 void add_document_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 
 }  // namespace tesselo::cli

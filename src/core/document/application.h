@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/ir/current_code.h"
 #include "core/link/link.h"
 #include "core/model/configuration.h"
 #include "core/model/limits.h"
@@ -55,6 +56,9 @@ public:
 
     // One byte per slot: 0 free, 1 in use.
     std::array<std::uint8_t, document_slots> slot_in_use{};
+
+    // The IR code under work in the IR dialogs, shared by all documents.
+    CurrentIrCode current_ir;
 
     // The open document windows, in the order they were opened.
     std::vector<Document>& documents() { return documents_; }
