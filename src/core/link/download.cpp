@@ -51,7 +51,7 @@ bool download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
     std::uint8_t seq_high = 0;
     std::uint8_t seq_low = 0;
     Frame frame = make_frame(tag_download);
-    std::vector<std::uint8_t> block(block_buffer_size);
+    std::vector<std::uint8_t>& block = link.block;
     std::array<std::uint8_t, frame_size> ack{};
     // For a size that is an exact multiple of 4096 the last pass has nothing to send.
     for (std::size_t k = 0; k <= size / block_data_size; ++k) {

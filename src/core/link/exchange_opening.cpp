@@ -23,13 +23,11 @@ Opening judge_reply(const std::uint8_t* reply, int result, Tag tag, ReplyRule ru
     return Opening::ok;
 }
 
-OpeningResult open_exchange(Link& link, Tag tag, const OpeningTimes& times)
+Opening wake_remote(Link& link, const OpeningTimes& times)
 {
-    OpeningResult r;
     if (link.open_usb() == 0) {
         link.close_usb();
-        r.outcome = Opening::no_device;
-        return r;
+        return Opening::no_device;
     }
     if (times.drain) {
         // Whatever the remote still had to say is read and forgotten.
@@ -40,18 +38,19 @@ OpeningResult open_exchange(Link& link, Tag tag, const OpeningTimes& times)
     }
     std::size_t written = 0;
     const std::uint8_t wake = wake_up_byte;
-    if (link.write_usb(&wake, 1, written, write_timeout) != 1 || written != 1) {
-        r.outcome = Opening::wake_up_write_failed;
-        return r;
-    }
+    if (link.write_usb(&wake, 1, written, write_timeout) != 1 || written != 1) return Opening::wake_up_write_failed;
     std::uint8_t answer = 0;
     const int got = link.read_usb(&answer, 1, times.wake_up_ms);
     // A time-out passes: a remote that is slow with its answer still takes the next frame.
-    if (got == 0 || (got > 0 && answer != wake_up_answer)) {
-        r.outcome = Opening::wake_up_failed;
-        return r;
-    }
+    if (got == 0 || (got > 0 && answer != wake_up_answer)) return Opening::wake_up_failed;
+    return Opening::ok;
+}
+
+OpeningResult send_opening(Link& link, Tag tag, const OpeningTimes& times)
+{
+    OpeningResult r;
     const Frame opening = make_frame(tag);
+    std::size_t written = 0;
     if (link.write_usb(opening.data(), opening.size(), written, write_timeout) != 1 || written != opening.size()) {
         r.outcome = Opening::frame_write_failed;
         return r;
@@ -59,6 +58,17 @@ OpeningResult open_exchange(Link& link, Tag tag, const OpeningTimes& times)
     r.reply_result = link.read_usb(r.reply.data(), r.reply.size(), times.reply_ms);
     r.outcome = judge_reply(r.reply.data(), r.reply_result, tag, times.rule);
     return r;
+}
+
+OpeningResult open_exchange(Link& link, Tag tag, const OpeningTimes& times)
+{
+    const Opening woken = wake_remote(link, times);
+    if (woken != Opening::ok) {
+        OpeningResult r;
+        r.outcome = woken;
+        return r;
+    }
+    return send_opening(link, tag, times);
 }
 
 std::string with_common_tail(const std::string& first_line) { return first_line + "\r" + text_common_tail; }

@@ -55,6 +55,10 @@ struct OpeningResult {
 // the remote, send the opening frame of `tag` and judge the reply. The link
 // stays open whatever the outcome: the caller closes it at its exit.
 OpeningResult open_exchange(Link& link, Tag tag, const OpeningTimes& times);
+// Its first half: open, drain, 0xF8 and the answer 0xF6.
+Opening wake_remote(Link& link, const OpeningTimes& times);
+// Its second half: the opening frame and the judged reply.
+OpeningResult send_opening(Link& link, Tag tag, const OpeningTimes& times);
 
 // Judges a reply by rule A, B or C.
 Opening judge_reply(const std::uint8_t* reply, int result, Tag tag, ReplyRule rule);

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/link/transport.h"
 
@@ -43,6 +44,10 @@ public:
                   std::uint32_t timeout_ms);
 
     Clock& clock() { return clock_; }
+
+    // The transfer buffer of the blocks, sized once for the longest data
+    // frame. It is not cleared between uses.
+    std::vector<std::uint8_t> block = std::vector<std::uint8_t>(4105);
 
 private:
     Clock& clock_;
