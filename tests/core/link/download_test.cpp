@@ -4,6 +4,7 @@
 
 #include "core/document/lifecycle.h"
 #include "core/image/checksum.h"
+#include "core/image/image_writer.h"
 #include "core/link/download.h"
 #include "core/link/link_test_app.h"
 
@@ -247,6 +248,19 @@ TEST(Download, TheMenuCommandWritesTempTrlAsItWentToTheRemoteAndLogs)
     EXPECT_EQ(log.back(), "\"Untitled1-Download to QM4100/QM5100\"");
     EXPECT_EQ(t.ui.window_events, (std::vector<std::string>{"show Download with bar", "unload"}));
     EXPECT_EQ(t.ui.wait_depth, 0);
+    EXPECT_EQ(t.take_lines(), std::vector<std::string>{send_complete});
+}
+
+TEST(Download, SavingInDownloadModeReachesTheRemote)
+{
+    LinkTestApp t;
+    ASSERT_EQ(muNew(t.app), 0);
+    const auto path = t.home.path() / "scratch.trl";
+    ASSERT_TRUE(save_tofile(t.app, path.string(), 1, 0));
+    EXPECT_EQ(t.remote->downloads_completed, 1);
+    const auto file = read_bytes(path);
+    ASSERT_EQ(file.size(), t.remote->flash().size() + 2000);
+    EXPECT_TRUE(std::equal(t.remote->flash().begin(), t.remote->flash().end(), file.begin()));
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{send_complete});
 }
 
