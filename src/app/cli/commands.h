@@ -20,11 +20,15 @@ struct GlobalOptions {
 // Makes the application for one command, in the home folder the options,
 // the environment or the rule of the program's folder choose.
 std::unique_ptr<CliContext> make_context(const GlobalOptions& options);
+// The same, with the messages printed to `messages` (so that a command's own
+// output stays clean).
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options, std::ostream& messages);
 
 // Each family of commands adds its subcommands; `run` is set to the chosen
 // command's work and gives the exit status.
 using CommandRun = std::function<int()>;
 void add_document_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);

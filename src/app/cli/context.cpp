@@ -23,7 +23,9 @@ std::filesystem::path executable_folder()
 
 }  // namespace
 
-std::unique_ptr<CliContext> make_context(const GlobalOptions& options)
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options) { return make_context(options, std::cout); }
+
+std::unique_ptr<CliContext> make_context(const GlobalOptions& options, std::ostream& messages)
 {
     std::optional<std::filesystem::path> option;
     if (!options.home.empty()) option = options.home;
@@ -31,7 +33,7 @@ std::unique_ptr<CliContext> make_context(const GlobalOptions& options)
     std::string why;
     if (!prepare_home(home, TESSELO_INSTALLED_DATA, why))
         std::cerr << "tesselo-cli: cannot use the home folder " << home << ": " << why << '\n';
-    auto ctx = std::make_unique<CliContext>(home);
+    auto ctx = std::make_unique<CliContext>(home, messages);
     std::string spec = options.link;
     if (spec.empty()) {
         const char* from_environment = std::getenv("TESSELO_LINK");

@@ -44,6 +44,7 @@ const ScriptOperations& script_operations()
     static const ScriptOperations ops = [] {
         ScriptOperations all;
         add_document_operations(all);
+        add_tree_operations(all);
         add_link_operations(all);
         return all;
     }();

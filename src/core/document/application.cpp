@@ -4,6 +4,13 @@
 
 #include "core/document/clock.h"
 #include "core/document/log.h"
+#include "core/image/open_state.h"
+#include "core/tree/edit_state.h"
+#include "core/tree/journal.h"
+#include "core/tree/page_windows.h"
+#include "core/tree/selection.h"
+#include "core/tree/tree_commands.h"
+#include "core/tree/tree_model.h"
 #include "core/link/download.h"
 
 namespace tesselo {
@@ -12,6 +19,13 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesyst
     : ui_(ui), clock_(clock), launcher_(launcher), home_(std::move(home))
 {
     for (auto& slot : slots_) slot = std::make_unique<Configuration>();
+    for (auto& tree : trees_) tree = std::make_unique<TreeModel>();
+    journal_ = std::make_unique<Journal>();
+    selection_ = std::make_unique<TreeSelection>();
+    edit_state_ = std::make_unique<EditState>();
+    page_windows_ = std::make_unique<PageWindows>();
+    tree_commands_ = std::make_unique<TreeCommands>();
+    open_state_ = std::make_unique<OpenState>();
     // Saving in download mode sends the image to the remote before the file is written.
     download_hook = [this](std::vector<std::uint8_t>& image, std::size_t length) {
         download_image(*this, image, length);

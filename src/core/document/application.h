@@ -18,6 +18,13 @@ namespace tesselo {
 class Ui;
 class Clock;
 class Launcher;
+class TreeModel;
+class Journal;
+class PageWindows;
+struct TreeSelection;
+struct EditState;
+struct TreeCommands;
+struct OpenState;
 
 // An open document window (a mainform): the slot its tables live in (its tag)
 // and its title, "Untitled" and a number, or the file's path.
@@ -36,6 +43,24 @@ public:
     virtual void document_views_hidden(int /*document*/) {}
     virtual void document_closed(int /*slot*/) {}
     virtual void active_document_changed() {}
+
+    // The tree of document slot `slot` changed: nodes added, removed or
+    // rebuilt from the tables (TreeModel of app.tree(slot)).
+    virtual void tree_changed(int /*slot*/) {}
+    // The tree's selection moved, or the property panel shows other data
+    // (app.selection()).
+    virtual void selection_changed(int /*slot*/) {}
+    // A Remote window of a page was opened; its caption is the page's node key.
+    virtual void page_window_opened(int /*slot*/, const std::string& /*caption*/) {}
+    // A Remote window is to be closed: its page is gone (after undo or redo).
+    virtual void page_window_closed(int /*slot*/, const std::string& /*caption*/) {}
+    // A Remote window is to be drawn again from the tables: its 12 key places,
+    // its label texts and its page counter (pagelabel).
+    virtual void page_window_changed(int /*slot*/, const std::string& /*caption*/) {}
+    // The enable states of Undo, Redo and Paste changed (app.edit_state()).
+    virtual void edit_states_changed() {}
+    // The properties window is to be shown as a child of the frame.
+    virtual void properties_requested() {}
 };
 
 // The one application object: ten document slots with their tables, the open
@@ -53,6 +78,18 @@ public:
     const std::filesystem::path& home() const { return home_; }
 
     Configuration& config(int slot) { return *slots_[static_cast<std::size_t>(slot)]; }
+    // The tree of each document slot, kept for the life of the process.
+    TreeModel& tree(int slot) { return *trees_[static_cast<std::size_t>(slot)]; }
+
+    // Application-wide state: the undo and redo journals, the tree's
+    // selection, the enable states, the open Remote windows, the tree's
+    // installed operations, and what the Open command carries between its steps.
+    Journal& journal() { return *journal_; }
+    TreeSelection& selection() { return *selection_; }
+    EditState& edit_state() { return *edit_state_; }
+    PageWindows& page_windows() { return *page_windows_; }
+    TreeCommands& tree_commands() { return *tree_commands_; }
+    OpenState& open_state() { return *open_state_; }
 
     // One byte per slot: 0 free, 1 in use.
     std::array<std::uint8_t, document_slots> slot_in_use{};
@@ -100,6 +137,13 @@ private:
     Link link_{clock_};
     ExchangeFlags flags_;
     std::array<std::unique_ptr<Configuration>, document_slots> slots_;
+    std::array<std::unique_ptr<TreeModel>, document_slots> trees_;
+    std::unique_ptr<Journal> journal_;
+    std::unique_ptr<TreeSelection> selection_;
+    std::unique_ptr<EditState> edit_state_;
+    std::unique_ptr<PageWindows> page_windows_;
+    std::unique_ptr<TreeCommands> tree_commands_;
+    std::unique_ptr<OpenState> open_state_;
     std::vector<Document> documents_;
     int active_ = -1;
     std::vector<ApplicationListener*> listeners_;

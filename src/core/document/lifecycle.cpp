@@ -5,6 +5,7 @@
 #include "core/document/ui.h"
 #include "core/image/image_writer.h"
 #include "core/model/configuration.h"
+#include "core/tree/tree_view.h"
 
 namespace tesselo {
 
@@ -49,6 +50,7 @@ int create_mainform(Application& app, const std::string& title)
     if (slot < 0) return -1;
     app.slot_in_use[static_cast<std::size_t>(slot)] = 1;
     init_new_configuration(app.config(slot), slot);
+    init_document_tree(app, slot);
     return app.add_document(slot, title.empty() ? "Untitled" + std::to_string(slot + 1) : title);
 }
 

@@ -74,6 +74,25 @@ std::optional<std::string> ScriptedUi::save_file(const std::string&, const std::
     return take_file();
 }
 
+ErrorWindowAnswer ScriptedUi::error_window(const std::string& title, const std::vector<std::string>& texts,
+                                           const std::vector<std::string>& rows)
+{
+    std::string text;
+    const auto line = [&text](const std::string& l) { text += (text.empty() ? "" : "\n") + l; };
+    if (!texts.empty()) line(texts.front());
+    for (const auto& row : rows) line(row);
+    for (std::size_t i = 1; i < texts.size(); ++i) line(texts[i]);
+    auto word = take_answer({"continue", "giveup"});
+    if (!word) {
+        unanswered_ = true;
+        word = "closed";
+    }
+    out_ << "ask " << quoted(title) << ' ' << quoted(text) << " -> " << *word << '\n';
+    if (*word == "continue") return ErrorWindowAnswer::go_on;
+    if (*word == "giveup") return ErrorWindowAnswer::give_up;
+    return ErrorWindowAnswer::closed;
+}
+
 void ScriptedUi::status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }
 
 void ScriptedUi::editir_status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }

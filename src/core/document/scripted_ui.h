@@ -30,6 +30,11 @@ public:
     std::optional<std::string> open_file(const std::string& title, const std::string& filter) override;
     std::optional<std::string> save_file(const std::string& title, const std::string& filter,
                                          const std::string& suggested) override;
+    // Printed as a question whose text is the window's lines and rows, one
+    // after the other; answered "continue" or "giveup" from the queue, and
+    // "closed" (unanswered) when neither is queued.
+    ErrorWindowAnswer error_window(const std::string& title, const std::vector<std::string>& texts,
+                                   const std::vector<std::string>& rows) override;
     void status(const std::string& text) override;
     void progress(int, int) override {}
     void wait_cursor(bool) override {}

@@ -2,12 +2,15 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tesselo {
 
 enum class Icon { none, information, exclamation, critical, question };
 enum class Buttons { ok, ok_cancel, yes_no, yes_no_cancel };
 enum class Answer { ok, cancel, yes, no };
+// ErrorWindow's outcome: Command1 (go on), Command2 (give up), or closed by its frame.
+enum class ErrorWindowAnswer { go_on, give_up, closed };
 
 // What core needs of the window system. The editor supplies message boxes and
 // dialogs; the command line supplies a scripted one that prints and answers
@@ -22,6 +25,10 @@ public:
     virtual std::optional<std::string> open_file(const std::string& title, const std::string& filter) = 0;
     virtual std::optional<std::string> save_file(const std::string& title, const std::string& filter,
                                                  const std::string& suggested) = 0;
+    // ErrorWindow, modal: texts[0] stands above the list of faults `rows`,
+    // texts[1] onward below it, the last being the question.
+    virtual ErrorWindowAnswer error_window(const std::string& title, const std::vector<std::string>& texts,
+                                           const std::vector<std::string>& rows) = 0;
     virtual void status(const std::string& text) = 0;
     virtual void progress(int value, int maximum) = 0;
     virtual void wait_cursor(bool on) = 0;

@@ -1,0 +1,125 @@
+// dump, tree, check and resave: a file opened as the Open command opens it.
+#include <fstream>
+#include <iostream>
+
+#include "app/cli/commands.h"
+#include "app/cli/document_json.h"
+#include "core/document/lifecycle.h"
+#include "core/document/open_command.h"
+#include "core/image/byte_reader.h"
+#include "core/image/image_check.h"
+#include "core/image/open_state.h"
+
+namespace tesselo::cli {
+
+namespace {
+
+struct FileArgs {
+    std::string file;
+    std::string out;
+    std::string on_fault = "cancel";
+};
+
+// Opens FILE with the error window answered as --on-fault says. The
+// document, or the exit status as a negative number.
+int open_for_command(CliContext& ctx, const FileArgs& args)
+{
+    std::vector<std::uint8_t> bytes;
+    if (!read_whole_file(args.file, bytes)) {
+        std::cerr << "tesselo-cli: cannot read " << args.file << '\n';
+        return -exit_usage;
+    }
+    if (args.on_fault == "cancel") ctx.ui.queue_answer("giveup");
+    else ctx.ui.queue_answer("continue");
+    ctx.ui.queue_answer(args.on_fault == "correct" ? "yes" : "no");
+    const int document = open_configuration(ctx.app, args.file);
+    if (document >= 0) return document;
+    return ctx.app.open_state().file_corrupted ? -exit_usage : -exit_refused;
+}
+
+int command_dump(const GlobalOptions& options, const FileArgs& args)
+{
+    auto ctx = make_context(options, std::cerr);
+    const int document = open_for_command(*ctx, args);
+    if (document < 0) return -document;
+    std::cout << document_json(ctx->app, document).dump() << '\n';
+    return exit_done;
+}
+
+int command_tree(const GlobalOptions& options, const FileArgs& args)
+{
+    auto ctx = make_context(options, std::cerr);
+    const int document = open_for_command(*ctx, args);
+    if (document < 0) return -document;
+    print_tree(ctx->app, ctx->app.documents()[static_cast<std::size_t>(document)].slot, std::cout);
+    return exit_done;
+}
+
+int command_resave(const GlobalOptions& options, const FileArgs& args)
+{
+    auto ctx = make_context(options);
+    const int document = open_for_command(*ctx, args);
+    if (document < 0) return -document;
+    ctx->ui.clear_answers();
+    ctx->ui.queue_answer("file:" + args.out);
+    return muSaveas(ctx->app, document) ? exit_done : exit_refused;
+}
+
+int command_check(const FileArgs& args)
+{
+    std::vector<std::uint8_t> bytes;
+    if (!read_whole_file(args.file, bytes)) {
+        std::cerr << "tesselo-cli: cannot read " << args.file << '\n';
+        return exit_usage;
+    }
+    auto errors = std::make_unique<ErrorList>();
+    std::vector<std::string> rows;
+    bool found = false;
+    try {
+        found = check_image(bytes, *errors, rows);
+    } catch (const ImageBoundsError&) {
+        std::cerr << "tesselo-cli: " << args.file << ": file is corrupted\n";
+        return exit_usage;
+    }
+    for (int i = 1; i <= errors->count(); ++i) {
+        const auto& r = errors->records[static_cast<std::size_t>(i)];
+        std::cout << static_cast<int>(r.error_type) << '\t' << r.first_index << '\t' << r.second_index << '\t'
+                  << rows[static_cast<std::size_t>(i - 1)] << '\n';
+    }
+    return found ? exit_refused : exit_done;
+}
+
+void on_fault_option(CLI::App* cmd, FileArgs& args)
+{
+    cmd->add_option("--on-fault", args.on_fault, "answers the error window: cancel, keep or correct")
+        ->check(CLI::IsMember({"cancel", "keep", "correct"}));
+}
+
+}  // namespace
+
+void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run)
+{
+    auto args = std::make_shared<FileArgs>();
+
+    auto* dump = app.add_subcommand("dump", "opens FILE as the Open command does and prints its tables as JSON");
+    dump->add_option("FILE", args->file, "a .kcf file")->required();
+    on_fault_option(dump, *args);
+    dump->callback([&options, &run, args] { run = [&options, args] { return command_dump(options, *args); }; });
+
+    auto* tree = app.add_subcommand("tree", "opens FILE and prints its tree, one node a line");
+    tree->add_option("FILE", args->file, "a .kcf file")->required();
+    on_fault_option(tree, *args);
+    tree->callback([&options, &run, args] { run = [&options, args] { return command_tree(options, *args); }; });
+
+    auto* check = app.add_subcommand("check", "the integrity check, one line per fault");
+    check->add_option("FILE", args->file, "a .kcf file")->required();
+    check->callback([&run, args] { run = [args] { return command_check(*args); }; });
+
+    auto* resave = app.add_subcommand("resave", "opens IN and saves it as OUT");
+    resave->add_option("IN", args->file, "a .kcf file")->required();
+    resave->add_option("OUT", args->out, "the file to write")->required();
+    on_fault_option(resave, *args);
+    resave->callback([&options, &run, args] { run = [&options, args] { return command_resave(options, *args); }; });
+}
+
+}  // namespace tesselo::cli

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tesselo {
+
+class Application;
+
+// ErrorWindow's words.
+inline const std::string error_window_title = "Error";
+inline const std::string error_window_intro =
+    "The file that you are trying to open is corrupted and can not be used.  The following commands are corrupt";
+inline const std::string error_window_advice =
+    "It is recommended that you delete these commands or recreate new configuration file.";
+inline const std::string error_window_question = "Do you wish to continue?";
+
+// Shows ErrorWindow with the faults and sets corruption_flag from the
+// user's choice: 2 to go on, 1 to give up (also when the window is closed by
+// its frame, unless it held a 2 already).
+void ErrorWindow(Application& app, const std::vector<std::string>& rows);
+
+// File > Open Configuration: asks for a file, checks it, and loads it into a
+// new document. Returns the document, or -1 when nothing was opened. Any
+// file that cannot be read is "file is corrupted", and then no document is
+// open and no slot is taken.
+int muOpen(Application& app);
+
+// Opens the file at `path` as muOpen does after its dialog.
+int open_configuration(Application& app, const std::string& path);
+
+// The whole file, or false when it cannot be read.
+bool read_whole_file(const std::string& path, std::vector<std::uint8_t>& bytes);
+
+}  // namespace tesselo
