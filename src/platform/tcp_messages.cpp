@@ -54,7 +54,7 @@ namespace {
 addrinfo* resolve(const Endpoint& endpoint, bool passive)
 {
     addrinfo hints{};
-    hints.ai_family = AF_UNSPEC;
+    hints.ai_family = 0;  // any address family
     hints.ai_socktype = SOCK_STREAM;
     if (passive) hints.ai_flags = AI_PASSIVE;
     addrinfo* list = nullptr;

@@ -34,12 +34,12 @@ std::unique_ptr<CliContext> make_context(const GlobalOptions& options, std::ostr
     if (!prepare_home(home, TESSELO_INSTALLED_DATA, why))
         std::cerr << "tesselo-cli: cannot use the home folder " << home << ": " << why << '\n';
     auto ctx = std::make_unique<CliContext>(home, messages);
-    std::string spec = options.link;
-    if (spec.empty()) {
+    std::string choice = options.link;
+    if (choice.empty()) {
         const char* from_environment = std::getenv("TESSELO_LINK");
-        spec = from_environment && *from_environment ? from_environment : "usb";
+        choice = from_environment && *from_environment ? from_environment : "usb";
     }
-    install_link(*ctx, spec);
+    install_link(*ctx, choice);
     return ctx;
 }
 

@@ -8,23 +8,23 @@
 
 namespace tesselo::cli {
 
-void install_link(CliContext& ctx, const std::string& spec)
+void install_link(CliContext& ctx, const std::string& choice)
 {
-    if (spec == "usb") {
+    if (choice == "usb") {
         ctx.app.link().set_transport(std::make_unique<usb::LibusbTransport>());
-    } else if (spec == "emulator") {
+    } else if (choice == "emulator") {
         ctx.clock.skip_waits = true;
         auto remote = std::make_shared<emulator::RemoteEmulator>(ctx.app.home() / emulator_flash_name);
         ctx.app.link().set_transport(std::make_unique<emulator::EmulatorTransport>(remote, ctx.clock));
-    } else if (spec.rfind("tcp:", 0) == 0) {
-        const auto endpoint = parse_endpoint(spec.substr(4));
+    } else if (choice.rfind("tcp:", 0) == 0) {
+        const auto endpoint = parse_endpoint(choice.substr(4));
         if (!endpoint) {
-            ctx.link_error = "the link tcp:HOST:PORT wants a host and a port number, not " + spec;
+            ctx.link_error = "the link tcp:HOST:PORT wants a host and a port number, not " + choice;
             return;
         }
         ctx.app.link().set_transport(std::make_unique<TcpTransport>(*endpoint));
     } else {
-        ctx.link_error = "the link is usb, tcp:HOST:PORT or emulator, not " + spec;
+        ctx.link_error = "the link is usb, tcp:HOST:PORT or emulator, not " + choice;
     }
 }
 
