@@ -26,7 +26,7 @@ bool download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
 {
     Ui& ui = app.ui();
     Link& link = app.link();
-    LinkGuard guard(app);
+    LinkGuard guard(app, true);
     size = std::min(size, image.size());
 
     const OpeningResult opening = open_exchange(link, tag_download, download_times);

@@ -31,6 +31,14 @@ TEST(ClockSync, At090503TheDataBytesAre090503)
     EXPECT_EQ(t.ui.wait_depth, 0);
 }
 
+TEST(ClockSync, LeavesTheLearnFlagAlone)
+{
+    LinkTestApp t;
+    t.app.flags().learn_in_progress = true;
+    clock_sync(t.app);
+    EXPECT_TRUE(t.app.flags().learn_in_progress);
+}
+
 TEST(ClockSync, At235959TheDataBytesAre235959)
 {
     const auto f = clock_frame(at(23, 59, 59));

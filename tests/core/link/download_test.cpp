@@ -186,8 +186,9 @@ TEST(Download, WithNoDeviceOnlyNoUsbDeviceIsShown)
 
 TEST(Download, FailuresOfTheOpeningAndTheAcksSay001WithTheCommonTail)
 {
+    // Rule A: an error answer is a reply with another tag.
     for (Fault f : {Fault::wrong_wakeup, Fault::empty_wakeup, Fault::empty_reply, Fault::wrong_reply_tag,
-                    Fault::empty_ack}) {
+                    Fault::error_header, Fault::error_id, Fault::empty_ack}) {
         LinkTestApp t;
         t.fault(f);
         t.app.flags().learn_in_progress = true;
