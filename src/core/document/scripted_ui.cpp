@@ -100,4 +100,22 @@ ErrorWindowAnswer ScriptedUi::error_window(const std::string& title, const std::
 
 void ScriptedUi::status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }
 
+void ScriptedUi::editir_status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }
+
+void ScriptedUi::download_window_show(const std::string& caption, bool progress_bar)
+{
+    download_window.loaded = true;
+    download_window.visible = true;
+    download_window.caption = caption;
+    download_window.progress_bar = progress_bar;
+}
+
+void ScriptedUi::download_window_unload() { download_window = DownloadWindow{}; }
+
+void ScriptedUi::download_progress(int value, int maximum)
+{
+    download_window.value = value;
+    download_window.maximum = maximum;
+}
+
 }  // namespace tesselo
