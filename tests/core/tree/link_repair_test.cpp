@@ -1,7 +1,12 @@
 #include <gtest/gtest.h>
 
+#include "core/document/lifecycle.h"
+#include "core/tree/adding.h"
 #include "core/tree/link_repair.h"
+#include "core/tree/tree_model.h"
+#include "core/tree/tree_view.h"
 #include "support/step_document.h"
+#include "support/test_app.h"
 
 namespace tesselo {
 namespace {
@@ -237,6 +242,35 @@ TEST_F(LinkRepair, RepointFirstpageAimsTheHomeKeyAtTheFirstShownPage)
     for (int p = 3; p < 7; ++p) c.page_table[static_cast<std::size_t>(p)].hidden = hidden_flag;
     repoint_firstpage(c, "DEVICE31", 3, "DEVICE31\\PAGE3");
     EXPECT_EQ(at(0).param_high, 2);  // no shown page: the jump is left
+}
+
+}  // namespace
+}  // namespace tesselo
+
+
+namespace tesselo {
+namespace {
+
+// The HOME key rule on a document grown by the editor's own commands.
+TEST(LinkRepairOnAnAddedDevice, TheHomeKeysJumpFollowsItsFirstPageAway)
+{
+    testing::TestApp t;
+    ASSERT_EQ(muNew(t.app), 0);
+    muInsertdevice(t.app);
+    click_node(t.app, 0, t.app.tree(0).find("DEVICE11"));
+    muInsertPage(t.app);
+    muInsertPage(t.app);
+    Configuration& c = t.app.config(0);
+    ASSERT_EQ(c.device_table[1].page_count, 3);
+    const auto& home_key = c.home_pages[0].slots[1];
+    const int jump = c.action_lists.entries[static_cast<std::size_t>(home_key.action_list)].first_step;
+    ASSERT_EQ(c.action_steps.steps[static_cast<std::size_t>(jump)].step_type, step_jump);
+    EXPECT_EQ(c.action_steps.steps[static_cast<std::size_t>(jump)].param_high, 0);
+    Cut_marcojumplink(c, 1, 0);
+    // Re-aimed at the second page, which the removal makes the first.
+    EXPECT_EQ(c.action_steps.steps[static_cast<std::size_t>(jump)].param_low, 1);
+    EXPECT_EQ(c.action_steps.steps[static_cast<std::size_t>(jump)].param_high, 0);
+    EXPECT_EQ(testing::chain_faults(c), "");
 }
 
 }  // namespace
