@@ -111,6 +111,8 @@ std::string step_editor(std::uint8_t step_type)
     }
 }
 
+int row_after_delete(int row, int rows_left) { return row <= rows_left ? row : rows_left; }
+
 bool DeleteBt(Application& app, const KeyTarget& target, int row)
 {
     auto place = selected_place(app, target);

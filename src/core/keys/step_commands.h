@@ -56,6 +56,10 @@ int begin_step_edit(Application& app, const KeyTarget& target, int row);
 // "Addbeep"; empty for a free step.
 std::string step_editor(std::uint8_t step_type);
 
+// The row that Delete selects after removing row `row` (1-based): the row
+// now at that index, or the new last row; 0 when the list is empty.
+int row_after_delete(int row, int rows_left);
+
 // The step list's buttons, on row `row` (1-based). False when nothing changed.
 bool DeleteBt(Application& app, const KeyTarget& target, int row);
 bool MoveUPBt(Application& app, const KeyTarget& target, int row);

@@ -283,6 +283,13 @@ TEST_F(StepChain, DeleteButtonWritesItsLogLines)
     EXPECT_TRUE(MoveUPBt(t.app, target(), 1) == false);
 }
 
+TEST(DeleteButton, SelectsTheRowNowAtThatIndexOrTheNewLast)
+{
+    EXPECT_EQ(row_after_delete(2, 3), 2);
+    EXPECT_EQ(row_after_delete(4, 3), 3);
+    EXPECT_EQ(row_after_delete(1, 0), 0);
+}
+
 TEST(StepEditor, EachTypeOpensItsOwnDialog)
 {
     EXPECT_EQ(step_editor(0), "EditIR");
