@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "core/ir/current_code.h"
+#include "core/keys/key_selection.h"
+#include "core/keys/step_edit_state.h"
 #include "core/link/link.h"
 #include "core/model/configuration.h"
 #include "core/model/limits.h"
@@ -116,6 +118,13 @@ public:
     {
         for (auto* l : std::vector<ApplicationListener*>(listeners_)) f(*l);
     }
+
+    // The key selected on a page canvas, one for the application.
+    KeySelection key_selection;
+    // Whether the Key_error window was shown for the selected key.
+    KeyErrorState key_error;
+    // The properties form's edit mode for a double-clicked step row.
+    StepEditState step_edit;
 
     // Where save_tofile in download mode hands the finished image; the file
     // then receives the image as it went to the remote, changed bytes included.

@@ -74,6 +74,11 @@ std::optional<std::string> ScriptedUi::save_file(const std::string&, const std::
     return take_file();
 }
 
+Answer ScriptedUi::key_error(const std::string& text, const std::string& confirm)
+{
+    return ask(title_main, text + "\r\n" + confirm, Buttons::ok_cancel, Icon::critical);
+}
+
 ErrorWindowAnswer ScriptedUi::error_window(const std::string& title, const std::vector<std::string>& texts,
                                            const std::vector<std::string>& rows)
 {

@@ -40,6 +40,8 @@ public:
     void wait_cursor(bool) override {}
     void repaint() override {}
     void yield() override {}
+    // Printed as a question under the main title, answered "ok" or "cancel".
+    Answer key_error(const std::string& text, const std::string& confirm) override;
     void download_window_show(const std::string& caption, bool progress_bar) override;
     void download_window_hide() override { download_window.visible = false; }
     void download_window_unload() override;

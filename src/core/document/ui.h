@@ -35,6 +35,9 @@ public:
     virtual void repaint() = 0;
     // Lets the window system repaint during a long loop.
     virtual void yield() = 0;
+    // The Key_error window: a key's list is broken. OK deletes the key's
+    // data, Cancel changes nothing.
+    virtual Answer key_error(const std::string& text, const std::string& confirm) = 0;
 
     // The modeless Download window of the link's transfers: its caption and
     // whether its progress bar ProgressBar2 shows; hidden, and unloaded.
