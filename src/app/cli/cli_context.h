@@ -6,7 +6,7 @@
 #include <string>
 
 #include "core/document/application.h"
-#include "core/document/clock.h"
+#include "app/cli/cli_clock.h"
 #include "core/document/scripted_ui.h"
 #include "platform/posix_launcher.h"
 
@@ -25,10 +25,12 @@ struct CliContext {
     {
     }
     ScriptedUi ui;
-    SystemClock clock;
+    CliClock clock;
     PosixLauncher launcher;
     Application app;
     std::ostream& output;
+    // Set when the link's description could not be understood; the words say why.
+    std::string link_error;
 };
 
 }  // namespace tesselo::cli

@@ -10,9 +10,11 @@
 
 namespace tesselo::cli {
 
-// What every command shares: the home folder option.
+// What every command shares: the home folder option, and the link to the
+// remote (usb, tcp:HOST:PORT or emulator; else TESSELO_LINK, else usb).
 struct GlobalOptions {
     std::string home;
+    std::string link;
 };
 
 // Makes the application for one command, in the home folder the options,
@@ -28,6 +30,7 @@ using CommandRun = std::function<int()>;
 void add_document_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 
 }  // namespace tesselo::cli

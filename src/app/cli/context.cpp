@@ -1,7 +1,9 @@
+#include <cstdlib>
 #include <filesystem>
 #include <unistd.h>
 
 #include "app/cli/commands.h"
+#include "app/cli/link_setup.h"
 #include "core/document/home_folder.h"
 #include "platform/executable_folder.h"
 
@@ -21,7 +23,14 @@ std::unique_ptr<CliContext> make_context(const GlobalOptions& options, std::ostr
     std::string why;
     if (!prepare_home(home, TESSELO_INSTALLED_DATA, why))
         std::cerr << "tesselo-cli: cannot use the home folder " << home << ": " << why << '\n';
-    return std::make_unique<CliContext>(home, messages);
+    auto ctx = std::make_unique<CliContext>(home, messages);
+    std::string choice = options.link;
+    if (choice.empty()) {
+        const char* from_environment = std::getenv("TESSELO_LINK");
+        choice = from_environment && *from_environment ? from_environment : "usb";
+    }
+    install_link(*ctx, choice);
+    return ctx;
 }
 
 }  // namespace tesselo::cli

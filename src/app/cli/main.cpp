@@ -12,10 +12,12 @@ int main(int argc, char** argv)
     app.fallthrough();
     GlobalOptions options;
     app.add_option("--home", options.home, "the program's folder (else TESSELO_HOME, else the usual place)");
+    app.add_option("--link", options.link, "the remote: usb, tcp:HOST:PORT or emulator (else TESSELO_LINK, else usb)");
     CommandRun run;
     add_document_commands(app, options, run);
     add_file_commands(app, options, run);
     add_script_command(app, options, run);
+    add_link_commands(app, options, run);
     add_ir_commands(app, options, run);
     try {
         app.parse(argc, argv);

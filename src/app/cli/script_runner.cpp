@@ -45,6 +45,8 @@ const ScriptOperations& script_operations()
         ScriptOperations all;
         add_document_operations(all);
         add_tree_operations(all);
+        add_step_operations(all);
+        add_link_operations(all);
         return all;
     }();
     return ops;

@@ -11,6 +11,7 @@
 #include "core/tree/selection.h"
 #include "core/tree/tree_commands.h"
 #include "core/tree/tree_model.h"
+#include "core/link/download.h"
 
 namespace tesselo {
 
@@ -25,6 +26,10 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesyst
     page_windows_ = std::make_unique<PageWindows>();
     tree_commands_ = std::make_unique<TreeCommands>();
     open_state_ = std::make_unique<OpenState>();
+    // Saving in download mode sends the image to the remote before the file is written.
+    download_hook = [this](std::vector<std::uint8_t>& image, std::size_t length) {
+        download_image(*this, image, length);
+    };
 }
 
 Application::~Application() = default;

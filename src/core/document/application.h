@@ -9,6 +9,9 @@
 #include <vector>
 
 #include "core/ir/current_code.h"
+#include "core/keys/key_selection.h"
+#include "core/keys/step_edit_state.h"
+#include "core/link/link.h"
 #include "core/model/configuration.h"
 #include "core/model/limits.h"
 
@@ -116,8 +119,21 @@ public:
         for (auto* l : std::vector<ApplicationListener*>(listeners_)) f(*l);
     }
 
-    // Where save_tofile in download mode hands the finished image.
-    std::function<void(const std::vector<std::uint8_t>& image, std::size_t length)> download_hook;
+    // The key selected on a page canvas, one for the application.
+    KeySelection key_selection;
+    // Whether the Key_error window was shown for the selected key.
+    KeyErrorState key_error;
+    // The properties form's edit mode for a double-clicked step row.
+    StepEditState step_edit;
+
+    // Where save_tofile in download mode hands the finished image; the file
+    // then receives the image as it went to the remote, changed bytes included.
+    std::function<void(std::vector<std::uint8_t>& image, std::size_t length)> download_hook;
+
+    // The link to the remote, one for the whole program, and the flags that
+    // keep a second upload or learn from starting while one runs.
+    Link& link() { return link_; }
+    ExchangeFlags& flags() { return flags_; }
 
     // One line to the day's log file in the home folder.
     void write_log(const std::string& text);
@@ -127,6 +143,8 @@ private:
     Clock& clock_;
     Launcher& launcher_;
     std::filesystem::path home_;
+    Link link_{clock_};
+    ExchangeFlags flags_;
     std::array<std::unique_ptr<Configuration>, document_slots> slots_;
     std::array<std::unique_ptr<TreeModel>, document_slots> trees_;
     std::unique_ptr<Journal> journal_;

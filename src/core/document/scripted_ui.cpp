@@ -74,6 +74,11 @@ std::optional<std::string> ScriptedUi::save_file(const std::string&, const std::
     return take_file();
 }
 
+Answer ScriptedUi::key_error(const std::string& text, const std::string& confirm)
+{
+    return ask(title_main, text + "\r\n" + confirm, Buttons::ok_cancel, Icon::critical);
+}
+
 ErrorWindowAnswer ScriptedUi::error_window(const std::string& title, const std::vector<std::string>& texts,
                                            const std::vector<std::string>& rows)
 {
@@ -94,5 +99,23 @@ ErrorWindowAnswer ScriptedUi::error_window(const std::string& title, const std::
 }
 
 void ScriptedUi::status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }
+
+void ScriptedUi::editir_status(const std::string& text) { out_ << "status " << quoted(text) << '\n'; }
+
+void ScriptedUi::download_window_show(const std::string& caption, bool progress_bar)
+{
+    download_window.loaded = true;
+    download_window.visible = true;
+    download_window.caption = caption;
+    download_window.progress_bar = progress_bar;
+}
+
+void ScriptedUi::download_window_unload() { download_window = DownloadWindow{}; }
+
+void ScriptedUi::download_progress(int value, int maximum)
+{
+    download_window.value = value;
+    download_window.maximum = maximum;
+}
 
 }  // namespace tesselo

@@ -40,6 +40,27 @@ public:
     void wait_cursor(bool) override {}
     void repaint() override {}
     void yield() override {}
+    // Printed as a question under the main title, answered "ok" or "cancel".
+    Answer key_error(const std::string& text, const std::string& confirm) override;
+    void download_window_show(const std::string& caption, bool progress_bar) override;
+    void download_window_hide() override { download_window.visible = false; }
+    void download_window_unload() override;
+    void download_progress(int value, int maximum) override;
+    void upload_commands_enabled(bool enabled) override { upload_enabled = enabled; }
+    // Printed as a status text, like the main status line.
+    void editir_status(const std::string& text) override;
+
+    // What the Download window shows now.
+    struct DownloadWindow {
+        bool loaded = false;
+        bool visible = false;
+        std::string caption;
+        bool progress_bar = false;
+        int value = 0;
+        int maximum = 100;
+    };
+    DownloadWindow download_window;
+    bool upload_enabled = true;
 
     // The next queued word if it is one of `words`, taken from the queue.
     std::optional<std::string> take_answer(std::initializer_list<const char*> words);

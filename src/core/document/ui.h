@@ -35,6 +35,22 @@ public:
     virtual void repaint() = 0;
     // Lets the window system repaint during a long loop.
     virtual void yield() = 0;
+    // The Key_error window: a key's list is broken. OK deletes the key's
+    // data, Cancel changes nothing.
+    virtual Answer key_error(const std::string& text, const std::string& confirm) = 0;
+
+    // The modeless Download window of the link's transfers: its caption and
+    // whether its progress bar ProgressBar2 shows; hidden, and unloaded.
+    virtual void download_window_show(const std::string& caption, bool progress_bar) = 0;
+    virtual void download_window_hide() = 0;
+    virtual void download_window_unload() = 0;
+    // ProgressBar2's value and maximum.
+    virtual void download_progress(int value, int maximum) = 0;
+    // The Upload menu entry and the toolbar's buttons 16 and 5.
+    virtual void upload_commands_enabled(bool enabled) = 0;
+    // The status line (Label3) of the Add IR Code dialog, where the link's
+    // exchanges put some of their words.
+    virtual void editir_status(const std::string& text) = 0;
 };
 
 // The titles of the system's message boxes. All three are in use.

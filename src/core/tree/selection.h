@@ -17,9 +17,7 @@ struct TreeSelection {
 
     // The kept selection kind: whether the last click was on a tree node or a key.
     Kind selected_kind = Kind::none;
-    int selected_index = 0;
-    int selected_row = 0;
-    bool selected_left = false;
+    // Which key of a page canvas is selected: app.key_selection.
     int drag_mode = 0;
 
     // The property panel: what it shows, and for a device its row and name.

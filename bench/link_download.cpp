@@ -1,0 +1,54 @@
+// The cost of a download of a maximal image to the in-process emulator with
+// no latency, beyond the waits the protocol prescribes (those pass on the
+// virtual clock and cost no real time).
+#include <benchmark/benchmark.h>
+
+#include <sstream>
+
+#include "core/document/application.h"
+#include "core/document/clock.h"
+#include "core/document/launcher.h"
+#include "core/document/scripted_ui.h"
+#include "core/image/image_writer.h"
+#include "core/link/download.h"
+#include "emulator/emulator_transport.h"
+#include "full_configuration.h"
+
+namespace {
+
+using namespace tesselo;
+
+class NoLauncher final : public Launcher {
+public:
+    bool is_running(const std::string&) override { return false; }
+    void bring_forward(const std::string&) override {}
+    bool start(const std::string&, const std::string&) override { return false; }
+    void end_process(const std::string&) override {}
+    int open_document(const std::string&) override { return 0; }
+};
+
+void BM_DownloadMaximalImage(benchmark::State& state)
+{
+    auto config = tesselo::bench::full_configuration();
+    const auto built = build_image(*config);
+    std::ostringstream out;
+    ScriptedUi ui(out);
+    VirtualClock clock;
+    NoLauncher launcher;
+    Application app(ui, clock, launcher, std::filesystem::temp_directory_path());
+    auto remote = std::make_shared<emulator::RemoteEmulator>();
+    app.link().set_transport(std::make_unique<emulator::EmulatorTransport>(remote, clock));
+    std::uint32_t virtual_ms = 0;
+    for (auto _ : state) {
+        auto image = built;
+        const std::uint32_t start = clock.tick_count();
+        benchmark::DoNotOptimize(download_image(app, image, image.size()));
+        virtual_ms = clock.tick_count() - start;
+    }
+    state.counters["bytes"] = static_cast<double>(built.size());
+    state.counters["blocks"] = static_cast<double>((built.size() + 4095) / 4096);
+    state.counters["prescribed_wait_ms"] = virtual_ms;
+}
+BENCHMARK(BM_DownloadMaximalImage)->Unit(benchmark::kMillisecond);
+
+}  // namespace

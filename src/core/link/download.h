@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace tesselo {
+
+class Application;
+
+// The transfer of an image into the remote's flash, in blocks of 4096 bytes.
+// Its only change to the image is the remote's four bytes at 100 to 103.
+// True when it ended in "Send Complete!".
+bool download_image(Application& app, std::vector<std::uint8_t>& image, std::size_t size);
+
+// File > Download: the active document's image goes to the remote and stays
+// behind in temp.trl, also when the transfer failed. True when the transfer
+// ended in "Send Complete!".
+bool muDownload_Click(Application& app);
+
+inline constexpr const char* download_caption = "Download";
+inline constexpr const char* text_download_failed = "Download Failed(Error #001)! ";
+
+}  // namespace tesselo

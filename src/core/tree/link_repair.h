@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/model/configuration.h"
+
+namespace tesselo {
+
+// Jump and link steps hold plain device, page and key numbers. Before a
+// removal makes those numbers stale, one of these procedures walks the step
+// table, removes the steps that would dangle and keeps every chain whole:
+// each removed step is cut out of its list, a list that loses its last step
+// is freed, and a key whose list was freed is left with no action (65535).
+// The counts at the head of both tables follow.
+
+// Link steps to a hard key: param_low = device, param_high = key.
+void Cut_hardlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t key);
+// Link steps to a soft key: param_low = device, param_high = page, value = value.
+void Cut_Softlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t page, std::uint16_t value);
+// Jump and link steps into a device that goes: param_low = device.
+void Cut_devicehardlink(Configuration& config, std::uint8_t device);
+// Link steps into a page that goes: param_low = device, param_high = page.
+void Cut_marcolinkpage(Configuration& config, std::uint8_t device, std::uint8_t page);
+// Link steps with all three values.
+void Cut_marcolink(Configuration& config, std::uint8_t device, std::uint8_t page, std::uint16_t value);
+// Jump steps to a page that goes, and the renumbering of the pages behind it.
+// A HOME key's jump is never removed: it is re-aimed at a shown page of the
+// device, or sent to the HOME page the key stands on.
+void Cut_marcojumplink(Configuration& config, std::uint8_t device, std::uint8_t page);
+
+// After a page was hidden or shown: the device's HOME key jumps to the first
+// page of the device that is not hidden; with none, the jump is left alone.
+void repoint_firstpage(Configuration& config, const std::string& device_key, int device_row,
+                       const std::string& page_key);
+
+}  // namespace tesselo

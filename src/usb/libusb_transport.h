@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include <libusb.h>
+
+#include "core/link/transport.h"
+#include "usb/usb_matching.h"
+
+namespace tesselo::usb {
+
+// The real remote on the USB bus, through libusb: no kernel driver, and with
+// the udev rule no root either.
+class LibusbTransport final : public Transport {
+public:
+    LibusbTransport();
+    ~LibusbTransport() override;
+    LibusbTransport(const LibusbTransport&) = delete;
+    LibusbTransport& operator=(const LibusbTransport&) = delete;
+
+    std::vector<std::string> device_paths() override;
+    bool open(const std::string& path) override;
+    void close() override;
+    int read_pipe() const override { return handle_ ? pipes_.pipe01 : -1; }
+    int write_pipe() const override { return handle_ ? pipes_.pipe00 : -1; }
+    int read(std::uint8_t* buffer, std::size_t to_read, std::uint32_t timeout_ms) override;
+    int write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written,
+              std::uint32_t timeout_ms) override;
+
+private:
+    libusb_context* context_ = nullptr;
+    libusb_device_handle* handle_ = nullptr;
+    Pipes pipes_;
+    // What is left of a transfer longer than the last read asked for.
+    std::vector<std::uint8_t> rest_;
+};
+
+}  // namespace tesselo::usb
