@@ -7,6 +7,7 @@
 #include "core/document/lifecycle.h"
 #include "core/document/ui.h"
 #include "core/tree/page_windows.h"
+#include "core/keys/key_selection.h"
 #include "core/tree/selection.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
@@ -241,9 +242,10 @@ void MDIForm1::key_selected(Remote* window, int index)
     if (node != 0) click_node(app_, slot, node);
     TreeSelection& s = app_.selection();
     s.selected_kind = TreeSelection::Kind::key;
-    s.selected_index = index;
-    s.selected_row = is_side_button(index) ? side_button_row(index) * 3 : 0;
-    s.selected_left = is_side_button(index) && index % 2 == 0;
+    KeySelection& k = app_.key_selection;
+    k.selected_index = index;
+    k.selected_row = is_side_button(index) ? side_button_row(index) * 3 : 0;
+    k.selected_left = is_side_button(index) && index % 2 == 0 ? 1 : 0;
     show_key_status(window, index);
     update_commands();
 }

@@ -16,6 +16,9 @@
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
 #include "core/document/ui.h"
+#include "core/link/clock_sync.h"
+#include "core/link/download.h"
+#include "core/link/upload.h"
 #include "core/tree/adding.h"
 #include "core/tree/edit_state.h"
 #include "core/tree/journal.h"
@@ -132,6 +135,9 @@ void MDIForm1::register_commands()
     };
     commands_["muAbout"] = [this] { muAbout_Click(); };
     commands_["help"] = [this] { open_pdf(app_); };
+    commands_["muDownload"] = [this] { muDownload_Click(app_); };
+    commands_["muUpload"] = [this] { muUpload_Click(app_); };
+    commands_["clock"] = [this] { clock_sync(app_); };
 }
 
 void MDIForm1::build_menus()
@@ -248,6 +254,9 @@ bool MDIForm1::command_enabled(const QString& command) const
     static const QStringList on_document = {"muClose",     "muSave",        "muSaveas",       "muOpenAll",
                                             "muCloseAll",  "muSimulator",   "muExpandall",    "muCollapseall",
                                             "muproperties", "muInsertdevice"};
+    // An upload keeps its own entry and Upload's button still.
+    if (app.flags().upload_in_progress && command == "muUpload") return false;
+    if (command == "muDownload") return has_document;
     if (on_document.contains(command)) return has_document;
     if (command == "muInsertpage") return has_document && selected && !home_selected;
     if (command == "muOpenPage") return has_document && selected && is_page_image(selected->image);
@@ -271,6 +280,8 @@ bool MDIForm1::button_enabled(const QString& key) const
 {
     Application& app = const_cast<Application&>(app_);
     const QString command = toolbar_command(key);
+    // An upload keeps the simulator's button still too.
+    if (key == "simualtor" && app.flags().upload_in_progress) return false;
     if (key == "undo") return app.edit_state().undo_button && commands_.count(command);
     if (key == "redo") return app.edit_state().redo_button && commands_.count(command);
     const auto [slot, node] = selected_node();

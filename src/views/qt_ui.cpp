@@ -1,10 +1,12 @@
 #include "views/qt_ui.h"
 
+#include "views/download_window.h"
 #include "views/error_window.h"
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QStringList>
 #include <QWidget>
 
@@ -95,6 +97,15 @@ ErrorWindowAnswer QtUi::error_window(const std::string& title, const std::vector
     return window.answer();
 }
 
+Answer QtUi::key_error(const std::string& text, const std::string& confirm)
+{
+    // Key_error: the broken key's words, and OK to delete its data or Cancel.
+    QMessageBox box(QMessageBox::Critical, "Key_error", q(text), QMessageBox::Ok | QMessageBox::Cancel, parent_);
+    box.setObjectName("Key_error");
+    box.setInformativeText(q(confirm));
+    return box.exec() == QMessageBox::Ok ? Answer::ok : Answer::cancel;
+}
+
 void QtUi::status(const std::string& text)
 {
     if (status_sink_) status_sink_(q(text));
@@ -122,6 +133,47 @@ void QtUi::yield()
 {
     // Windows repaint; the user's clicks wait until the command is done.
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void QtUi::download_window_show(const std::string& caption, bool progress_bar)
+{
+    if (!download_) download_ = new Download(parent_);
+    download_->set_caption(q(caption));
+    download_->show_progress(progress_bar);
+    download_->show();
+    download_->raise();
+    download_->repaint();
+}
+
+void QtUi::download_window_hide()
+{
+    if (download_) download_->hide();
+}
+
+void QtUi::download_window_unload()
+{
+    delete download_;
+    download_ = nullptr;
+}
+
+void QtUi::download_progress(int value, int maximum)
+{
+    if (!download_) return;
+    download_->set_progress(value, maximum);
+    download_->progress_bar()->repaint();
+}
+
+void QtUi::upload_commands_enabled(bool)
+{
+    // The frame reads the upload flag itself when it recomputes its entries.
+    if (commands_sink_) commands_sink_();
+}
+
+void QtUi::editir_status(const std::string& text)
+{
+    // The Add IR Code dialog reads it when it opens; with no dialog on the
+    // screen the user sees nothing, as the link's exchanges intend.
+    editir_status_ = text;
 }
 
 }  // namespace tesselo

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include "app/gui/link_choice.h"
 #include "core/document/application.h"
 #include "core/document/clock.h"
 #include "core/document/home_folder.h"
@@ -79,8 +80,12 @@ int main(int argc, char** argv)
     tesselo::SystemClock clock;
     tesselo::PosixLauncher launcher;
     tesselo::Application app(ui, clock, launcher, home);
+    // The remote is reached on the USB bus, or on the link that TESSELO_LINK names.
+    const char* link = std::getenv("TESSELO_LINK");
+    if (!tesselo::install_gui_link(app, link ? link : "", why)) std::cerr << "tesselo: " << why << '\n';
     tesselo::MDIForm1 frame(app);
     ui.set_parent(&frame);
+    ui.set_commands_sink([&frame] { frame.update_commands(); });
     ui.set_status_sink([&frame](const QString& text) { frame.set_status(text); });
     ui.set_progress_sink([&frame](int value, int maximum) { frame.set_progress(value, maximum); });
     QObject::connect(&server, &tesselo::InstanceServer::raise_requested, &frame, &tesselo::MDIForm1::raise_frame);

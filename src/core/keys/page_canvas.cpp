@@ -4,6 +4,7 @@
 
 #include "core/model/configuration.h"
 #include "core/model/glyphs.h"
+#include "core/keys/hardkey_pictures.h"
 
 namespace tesselo {
 
@@ -36,11 +37,6 @@ constexpr std::array<Picture, key_picture_count> pictures = {{
     {240, 8655, 225, 225},  {750, 8655, 225, 225},  {1245, 8640, 225, 225}, {1755, 8655, 225, 225}, // 52-55
 }};
 
-// Hard key index by picture; -1 where a picture has none.
-constexpr std::array<int, key_picture_count> hard_index = {
-    1,  2,  0,  -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, 11, 30, 35, 14, 36, 31, 39, 40, 37, 32,
-    12, 10, 34, 38, 29, 33, 13, 20, 27, 8,  15, 22, 3,  18, 25, 6,  21, 28, 9,  17, 24, 5,  16, 23, 4,  7,  19, 26,
-};
 
 constexpr std::array<int, lcd_rows> row_tops = {30, 345, 660, 975, 1290, 1605};
 
@@ -83,7 +79,6 @@ TwipRect pagelabel_rect() { return {555, 2850, 1125, 195}; }
 
 TwipRect remote_body_rect() { return {0, 0, 2220, 9090}; }
 
-bool is_side_button(int index) { return index >= 3 && index <= 14; }
 
 int side_button_row(int index) { return is_side_button(index) ? (index - 3) / 2 : -1; }
 
@@ -101,18 +96,7 @@ int picture_of_position(int position)
     return 3 + row * 2 + (position >= 128 ? 1 : 0);
 }
 
-int check_hardkeyindex(int index)
-{
-    if (index < 0 || index >= key_picture_count) return -1;
-    return hard_index[static_cast<std::size_t>(index)];
-}
 
-int check_actcualhardindex(int key)
-{
-    for (int i = 0; i < key_picture_count; ++i)
-        if (hard_index[static_cast<std::size_t>(i)] == key && key >= 0) return i;
-    return -1;
-}
 
 std::string GenTagString(int n)
 {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/keys/hardkey_pictures.h"
 #include "core/model/key_label.h"
 
 namespace tesselo {
@@ -34,8 +35,6 @@ TwipRect pagelabel_rect();
 // The remote's body: the smallest rectangle that holds every picture, with a rim.
 TwipRect remote_body_rect();
 
-// Side buttons of the LCD are pictures 3 to 14.
-bool is_side_button(int index);
 // The LCD row of a side button, 0 to 5.
 int side_button_row(int index);
 // A side button's position byte: its row, plus 128 for a left button.
@@ -43,10 +42,6 @@ int side_button_position(int index);
 // The picture of a position byte, or -1.
 int picture_of_position(int position);
 
-// The hard key index (0 to 40) of a picture, or -1 for pictures without one.
-int check_hardkeyindex(int index);
-// The picture of a hard key index, or -1.
-int check_actcualhardindex(int key);
 
 // n as at least three decimal digits with leading zeros.
 std::string GenTagString(int n);
