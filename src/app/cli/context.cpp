@@ -5,23 +5,13 @@
 #include "app/cli/commands.h"
 #include "app/cli/link_setup.h"
 #include "core/document/home_folder.h"
+#include "platform/executable_folder.h"
 
 #ifndef TESSELO_INSTALLED_DATA
 #define TESSELO_INSTALLED_DATA ""
 #endif
 
 namespace tesselo::cli {
-
-namespace {
-
-std::filesystem::path executable_folder()
-{
-    std::error_code ec;
-    const auto exe = std::filesystem::read_symlink("/proc/self/exe", ec);
-    return ec ? std::filesystem::path{} : exe.parent_path();
-}
-
-}  // namespace
 
 std::unique_ptr<CliContext> make_context(const GlobalOptions& options) { return make_context(options, std::cout); }
 

@@ -1,0 +1,102 @@
+// tesselo: the editor. One per user: a second start hands its files to the
+// running one and raises its frame.
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include "app/gui/link_choice.h"
+#include "core/document/application.h"
+#include "core/document/clock.h"
+#include "core/document/home_folder.h"
+#include "core/document/lifecycle.h"
+#include "platform/executable_folder.h"
+#include "platform/posix_launcher.h"
+#include "views/artwork.h"
+#include "views/form2.h"
+#include "views/mdi_form1.h"
+#include "views/qt_ui.h"
+#include "views/single_instance.h"
+
+#ifndef TESSELO_INSTALLED_DATA
+#define TESSELO_INSTALLED_DATA ""
+#endif
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// The user guide stands in the program's folder, where Help looks for it; a
+// new home folder gets it from beside the program or from the installed data.
+void provide_user_guide(const fs::path& home)
+{
+    std::error_code ec;
+    const fs::path target = home / tesselo::help_file_name;
+    for (const fs::path& source : {tesselo::executable_folder() / tesselo::help_file_name,
+                                   fs::path(TESSELO_INSTALLED_DATA) / tesselo::help_file_name}) {
+        if (!fs::is_regular_file(source, ec) || fs::equivalent(source, target, ec)) continue;
+        if (fs::exists(target, ec) && fs::last_write_time(target, ec) >= fs::last_write_time(source, ec)) return;
+        fs::copy_file(source, target, fs::copy_options::overwrite_existing, ec);
+        return;
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    QElapsedTimer since_start;
+    since_start.start();
+    QApplication qt(argc, argv);
+    QApplication::setApplicationName("tesselo");
+    QApplication::setApplicationVersion(TESSELO_VERSION);
+    QApplication::setDesktopFileName("tesselo");
+    QApplication::setWindowIcon(tesselo::program_icon());
+
+    QStringList files = QApplication::arguments();
+    files.removeFirst();
+    const QString server_name = tesselo::instance_server_name();
+    if (tesselo::hand_over(server_name, files, 500)) return 0;
+    tesselo::InstanceServer server;
+    server.listen(server_name);
+
+    const bool quit_when_ready = std::getenv("TESSELO_QUIT_WHEN_READY") != nullptr;
+    tesselo::Form2 splash;
+    if (!quit_when_ready) {
+        splash.show();
+        splash.change_wallpaper(900);
+    }
+
+    const auto home = tesselo::resolve_home(tesselo::home_sources_from_environment(tesselo::executable_folder(), {}));
+    std::string why;
+    if (!tesselo::prepare_home(home, fs::path(TESSELO_INSTALLED_DATA) / tesselo::data_base_folder, why))
+        std::cerr << "tesselo: cannot use the home folder " << home << ": " << why << '\n';
+    provide_user_guide(home);
+
+    tesselo::QtUi ui;
+    tesselo::SystemClock clock;
+    tesselo::PosixLauncher launcher;
+    tesselo::Application app(ui, clock, launcher, home);
+    // The remote is reached on the USB bus, or on the link that TESSELO_LINK names.
+    const char* link = std::getenv("TESSELO_LINK");
+    if (!tesselo::install_gui_link(app, link ? link : "", why)) std::cerr << "tesselo: " << why << '\n';
+    tesselo::MDIForm1 frame(app);
+    ui.set_parent(&frame);
+    ui.set_commands_sink([&frame] { frame.update_commands(); });
+    ui.set_status_sink([&frame](const QString& text) { frame.set_status(text); });
+    ui.set_progress_sink([&frame](int value, int maximum) { frame.set_progress(value, maximum); });
+    QObject::connect(&server, &tesselo::InstanceServer::raise_requested, &frame, &tesselo::MDIForm1::raise_frame);
+    QObject::connect(&server, &tesselo::InstanceServer::files_received, &frame, &tesselo::MDIForm1::open_files);
+
+    frame.show();
+    splash.close();
+    QApplication::processEvents();
+    if (std::getenv("TESSELO_STARTUP_LOG") || quit_when_ready)
+        std::cerr << "tesselo: frame ready after " << since_start.elapsed() << " ms\n";
+    if (quit_when_ready) return 0;
+    if (!files.isEmpty()) QTimer::singleShot(0, &frame, [&frame, files] { frame.open_files(files); });
+    return QApplication::exec();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QIcon>
+#include <QRectF>
+#include <QString>
+
+class QPainter;
+
+namespace tesselo {
+
+// The editor's own pictures, drawn rather than loaded, so that they stay
+// sharp at every screen density.
+
+// A toolbar picture by its key ("new", "open", ..., "clocksync", "help").
+QIcon toolbar_picture(const QString& key);
+// A tree node's picture by its image name: "home", "properties", "tv",
+// "hide tv", "device", "hide device".
+QIcon tree_picture(const QString& image);
+// The program's icon: the remote with its display.
+QIcon program_icon();
+
+// The four states of a key picture.
+enum class KeyState { normal, pressed, hover, selected };
+
+// Draws key picture `index` (0 to 55) in `box`.
+void draw_key_picture(QPainter& painter, const QRectF& box, int index, KeyState state);
+// Draws the remote's body in `box`.
+void draw_remote_body(QPainter& painter, const QRectF& box);
+
+}  // namespace tesselo

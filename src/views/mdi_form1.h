@@ -1,0 +1,121 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <vector>
+
+#include <QHash>
+#include <QMainWindow>
+#include <QStringList>
+
+#include "core/document/application.h"
+#include "core/keys/page_canvas.h"
+
+class QAction;
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QMenu;
+class QProgressBar;
+class QToolBar;
+
+namespace tesselo {
+
+class mainform;
+class properties;
+class Remote;
+
+// The frame: menus, Toolbar1, the status line, and every document and page
+// window in its MDI area. Its commands call core; what they may do is decided
+// there.
+class MDIForm1 : public QMainWindow, public ApplicationListener {
+    Q_OBJECT
+public:
+    explicit MDIForm1(Application& app, QWidget* parent = nullptr);
+    ~MDIForm1() override;
+
+    Application& app() { return app_; }
+
+    // A menu entry or divider by its name ("muNew", "muFilebar1", ...).
+    QAction* entry(const QString& name) const { return entries_.value(name); }
+    QMenu* menu(const QString& name) const { return menus_.value(name); }
+    // A toolbar button by its key ("new", "open", ...).
+    QAction* button(const QString& key) const { return buttons_.value(key); }
+    QToolBar* toolbar() const { return Toolbar1; }
+    QMdiArea* area() const { return area_; }
+
+    // Runs a toolbar button as a click on it does.
+    void Toolbar1_ButtonClick(const QString& key);
+    // Recomputes which entries and buttons are enabled.
+    void update_commands();
+
+    mainform* document_window(int document) const;
+    std::vector<Remote*> page_windows(int slot = -1) const;
+    Remote* page_window(int slot, const QString& caption) const;
+    // Opens the page with that node key of a document as a double click on
+    // its node does, or brings its window forward. Null when refused.
+    Remote* open_page(int document, const QString& node_key);
+    void close_pages(int slot);
+    properties* properties_window() const { return properties_; }
+
+    // The status line and the progress bar, as the Ui port drives them.
+    void set_status(const QString& text);
+    void set_progress(int value, int maximum);
+
+    // Hands over files given to a second start of the program.
+    void open_files(const QStringList& paths);
+    // Brings the frame to the front.
+    void raise_frame();
+
+    // ApplicationListener
+    void document_opened(int document) override;
+    void document_retitled(int document) override;
+    void document_views_hidden(int document) override;
+    void document_closed(int slot) override;
+    void active_document_changed() override;
+    void tree_changed(int slot) override;
+    void selection_changed(int slot) override;
+    void page_window_opened(int slot, const std::string& caption) override;
+    void page_window_closed(int slot, const std::string& caption) override;
+    void page_window_changed(int slot, const std::string& caption) override;
+    void edit_states_changed() override;
+    void properties_requested() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void build_menus();
+    void build_toolbar();
+    void register_commands();
+    void run(const QString& command);
+    bool command_enabled(const QString& command) const;
+    bool button_enabled(const QString& key) const;
+    void set_all_expanded(bool expanded);
+    int document_index(const mainform* window) const;
+    void subwindow_activated(QMdiSubWindow* window);
+    void show_key_status(Remote* window, int index);
+    void key_selected(Remote* window, int index);
+    void page_window_closed_by_user(Remote* page);
+    // The active document's slot and its tree's selected node (0 for none).
+    std::pair<int, int> selected_node() const;
+    void muAbout_Click();
+
+    Application& app_;
+    QMdiArea* area_;
+    QToolBar* Toolbar1;
+    QLabel* status_text_;
+    QProgressBar* progress_;
+    QHash<QString, QAction*> entries_;
+    QHash<QString, QMenu*> menus_;
+    QHash<QString, QAction*> buttons_;
+    properties* properties_ = nullptr;
+    std::map<QString, std::function<void()>> commands_;
+    std::vector<mainform*> windows_;  // in the order of app.documents()
+    bool syncing_ = false;
+};
+
+// The frame command a toolbar key stands for ("open" is "muOpen", ...).
+QString toolbar_command(const QString& key);
+
+}  // namespace tesselo

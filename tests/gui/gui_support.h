@@ -1,0 +1,72 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include <QApplication>
+#include <QDir>
+#include <QPainter>
+#include <QPixmap>
+#include <QWidget>
+
+#include <QTest>
+#include <QTreeView>
+
+#include "core/tree/tree_model.h"
+#include "support/test_app.h"
+#include "views/mainform.h"
+#include "views/mdi_form1.h"
+
+namespace tesselo::testing {
+
+// A frame over an application whose Ui is scripted: every message is a line
+// of text, every question is answered from the queue.
+struct FrameFixture {
+    RecordingApp test;
+    std::unique_ptr<MDIForm1> frame = std::make_unique<MDIForm1>(test.app);
+
+    FrameFixture() { frame->show(); }
+    ~FrameFixture()
+    {
+        // Whatever is still open goes without its questions.
+        test.ui.clear_answers();
+        for (int i = 0; i < 12; ++i) test.ui.queue_answer("no");
+        frame->close();
+    }
+};
+
+// Clicks the tree row of the node with `key` in a document window, as the
+// user does. False when there is no such row.
+inline bool click_tree_node(MDIForm1& frame, int document, const std::string& key,
+                            Qt::MouseButton button = Qt::LeftButton, bool twice = false)
+{
+    mainform* form = frame.document_window(document);
+    if (!form) return false;
+    const QModelIndex index = form->index_of(frame.app().tree(form->slot()).find(key));
+    if (!index.isValid()) return false;
+    form->tree()->scrollTo(index);
+    const QPoint at = form->tree()->visualRect(index).center();
+    QTest::mouseClick(form->tree()->viewport(), button, {}, at);
+    // A double click is a press, a release and the double click itself.
+    if (twice) {
+        QTest::mousePress(form->tree()->viewport(), button, {}, at);
+        QTest::mouseDClick(form->tree()->viewport(), button, {}, at);
+    }
+    return true;
+}
+
+// Saves a picture of `widget` at twice its size, for a reviewer to look at.
+inline QString save_screenshot(QWidget* widget, const QString& name)
+{
+    QDir().mkpath(TESSELO_SCREENSHOTS);
+    const qreal scale = 2.0;
+    QPixmap pixmap(widget->size() * scale);
+    pixmap.setDevicePixelRatio(scale);
+    pixmap.fill(Qt::transparent);
+    widget->render(&pixmap);
+    const QString path = QString(TESSELO_SCREENSHOTS) + "/" + name + ".png";
+    pixmap.save(path);
+    return path;
+}
+
+}  // namespace tesselo::testing

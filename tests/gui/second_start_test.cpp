@@ -1,0 +1,49 @@
+#include <QLocalSocket>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace std::chrono_literals;
+
+// The editor run as a program: a second start ends at once and leaves the
+// first one running.
+class SecondStartTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void a_second_start_only_raises_the_first()
+    {
+        QTemporaryDir home;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("QT_QPA_PLATFORM", "offscreen");
+        env.insert("TESSELO_HOME", home.path());
+        const QString name = "tesselo-test-" + QString::number(QCoreApplication::applicationPid());
+        env.insert("TESSELO_INSTANCE_NAME", name);
+
+        QProcess first;
+        first.setProcessEnvironment(env);
+        first.start(TESSELO_EDITOR, {});
+        QVERIFY(first.waitForStarted());
+        // The first start listens before it shows its splash.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            [&] {
+                QLocalSocket probe;
+                probe.connectToServer(name);
+                return probe.waitForConnected(100);
+            }(),
+            10000);
+
+        QProcess second;
+        second.setProcessEnvironment(env);
+        second.start(TESSELO_EDITOR, {home.filePath("given.kcf")});
+        QVERIFY(second.waitForFinished(5000));
+        QCOMPARE(second.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.exitCode(), 0);
+        QCOMPARE(first.state(), QProcess::Running);
+
+        first.terminate();
+        QVERIFY(first.waitForFinished(5000));
+    }
+};
+
+QTEST_MAIN(SecondStartTest)
+#include "second_start_test.moc"
