@@ -132,7 +132,6 @@ void add_homekey(Application& app, int slot, int home_page, int index, bool new_
     jump.next_step = end_of_list;
     auto& first_page = config.page_table[static_cast<std::size_t>(pages_before(config, index))];
     first_page.key_count = 1;
-    (void)mode;
 }
 
 void AddDevice(Application& app, int mode, const KeyLabel* pasted_name)
