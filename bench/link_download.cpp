@@ -5,7 +5,7 @@
 
 #include <sstream>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
 #include "core/document/scripted_ui.h"

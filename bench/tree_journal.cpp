@@ -7,7 +7,7 @@
 #include <memory>
 #include <sstream>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
 #include "core/document/lifecycle.h"

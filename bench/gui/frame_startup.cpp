@@ -8,7 +8,7 @@
 #include <QPixmap>
 #include <QTemporaryDir>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/lifecycle.h"
 #include "core/document/scripted_ui.h"

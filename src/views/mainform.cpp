@@ -13,7 +13,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/popup_menu.h"
 #include "core/tree/tree_model.h"

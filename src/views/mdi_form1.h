@@ -8,7 +8,7 @@
 #include <QMainWindow>
 #include <QStringList>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/keys/page_canvas.h"
 
 class QAction;

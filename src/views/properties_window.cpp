@@ -6,7 +6,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/keys/page_canvas.h"
 #include "core/model/configuration.h"
 #include "core/tree/selection.h"

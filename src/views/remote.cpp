@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "views/artwork.h"
 #include "views/glyph_font.h"
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
 #include "core/document/scripted_ui.h"

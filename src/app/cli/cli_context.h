@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "app/cli/cli_clock.h"
 #include "core/document/scripted_ui.h"
 #include "platform/posix_launcher.h"

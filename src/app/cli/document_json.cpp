@@ -1,6 +1,6 @@
 #include "app/cli/document_json.h"
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/model/configuration.h"
 #include "core/tree/tree_model.h"
 

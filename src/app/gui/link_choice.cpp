@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "platform/tcp_transport.h"
 #include "usb/libusb_transport.h"
 

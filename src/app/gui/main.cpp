@@ -9,7 +9,7 @@
 #include <QTimer>
 
 #include "app/gui/link_choice.h"
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/home_folder.h"
 #include "core/document/lifecycle.h"

@@ -1,6 +1,6 @@
 #include "core/document/lifecycle.h"
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/launcher.h"
 #include "core/document/ui.h"
 #include "core/image/image_writer.h"

@@ -6,7 +6,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/lifecycle.h"
 #include "core/document/ui.h"
 #include "core/image/byte_reader.h"

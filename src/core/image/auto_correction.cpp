@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/log.h"
 #include "core/image/open_state.h"
 #include "core/model/action_chain.h"

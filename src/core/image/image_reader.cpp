@@ -1,6 +1,6 @@
 #include "core/image/image_reader.h"
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/image/auto_correction.h"
 #include "core/image/byte_reader.h"

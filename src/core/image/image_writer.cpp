@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/model/configuration.h"
 

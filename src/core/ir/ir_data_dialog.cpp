@@ -4,7 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/ir/ir_categories.h"
 #include "core/ir/ir_library_layout.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/ir/ir_library.h"
 #include "core/ir/ir_library_layout.h"
 #include "core/ir/rc_formats.h"

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <optional>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/keys/step_commands.h"
 #include "core/keys/step_edit_state.h"

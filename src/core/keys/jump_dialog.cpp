@@ -1,6 +1,6 @@
 #include "core/keys/jump_dialog.h"
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/keys/step_commands.h"
 #include "core/keys/step_text.h"

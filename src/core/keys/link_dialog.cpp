@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/keys/hardkey_pictures.h"
 #include "core/keys/key_locator.h"

@@ -1,6 +1,6 @@
 #include "core/link/clock_sync.h"
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/ui.h"
 #include "core/image/checksum.h"

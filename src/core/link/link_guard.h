@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 
 namespace tesselo {
 

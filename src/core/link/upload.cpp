@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/lifecycle.h"
 #include "core/document/ui.h"

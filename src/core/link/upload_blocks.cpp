@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/image/checksum.h"
 #include "core/link/exchange_opening.h"

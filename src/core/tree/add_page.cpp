@@ -1,6 +1,6 @@
 #include <array>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/tree/edit_state.h"
 #include "core/tree/selection.h"
 #include "core/tree/tree_view.h"

@@ -1,6 +1,6 @@
 #include "core/tree/popup_menu.h"
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"
 #include "core/tree/edit_state.h"

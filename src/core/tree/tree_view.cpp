@@ -4,7 +4,7 @@
 #include <cctype>
 #include <set>
 
-#include "core/document/application.h"
+#include "core/app/application.h"
 #include "core/document/ui.h"
 #include "core/model/configuration.h"
 #include "core/tree/node_keys.h"

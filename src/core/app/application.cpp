@@ -1,4 +1,4 @@
-#include "core/document/application.h"
+#include "core/app/application.h"
 
 #include <algorithm>
 
