@@ -95,7 +95,7 @@ GlyphBitmap glyph_bitmap(int code)
     if (code >= 70 && code <= 100) return symbols[static_cast<std::size_t>(code - 70)];
     // The pictures are those of the glyph list the label is typed from.
     const int character = glyph_tag(code);
-    if (character <= 0 || character >= 200) return {};
+    if (character <= 0) return {};
     const auto& font = characters();
     const auto it = font.find(character);
     return it == font.end() ? GlyphBitmap{} : it->second;
