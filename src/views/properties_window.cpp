@@ -115,7 +115,7 @@ properties::properties(Application& app, QWidget* parent)
         refresh();
         Q_EMIT data_changed();
     });
-    resize(520, 560);
+    resize(460, 500);
 }
 
 QTabBar* properties::tab_strip() const

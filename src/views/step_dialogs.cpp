@@ -86,6 +86,8 @@ DelaytimeWindow::DelaytimeWindow(Application& app, const KeyTarget& target, QWid
     Text1 = new DurationEdit(this);
     Text1->setText(QString::fromStdString(model_.Text1));
     Text1->selectAll();
+    // The dialog opens with its field ready for typing.
+    Text1->setFocus();
     auto* body = new QHBoxLayout;
     auto* caption = new QLabel("Delay time:", this);
     caption->setObjectName("Label1");
@@ -117,6 +119,7 @@ AddbeepWindow::AddbeepWindow(Application& app, const KeyTarget& target, QWidget*
     Text1 = new DurationEdit(this);
     Text1->setText(QString::fromStdString(model_.Text1));
     Text1->selectAll();
+    Text1->setFocus();
     Slider1 = new QSlider(Qt::Horizontal, this);
     Slider1->setObjectName("Slider1");
     Slider1->setRange(Addbeep::slider_min, Addbeep::slider_max);
