@@ -146,7 +146,10 @@ int EditIR::test_delay() const { return minimum_ ? minimum_hundredths() : -1; }
 
 int EditIR::duration() const { return minimum_ ? minimum_hundredths() : default_ir_duration; }
 
-bool EditIR::duration_applies() const { return app_.current_ir.current_ir_type != ir_type_library; }
+bool EditIR::duration_applies() const
+{
+    return app_.current_ir.name.empty() || app_.current_ir.current_ir_type != ir_type_library;
+}
 
 bool EditIR::my_database_available()
 {

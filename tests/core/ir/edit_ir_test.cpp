@@ -201,7 +201,10 @@ TEST_F(EditIrTest, ALibraryCodeNamesItsCodeInValueAndExtra)
     EXPECT_EQ(s[0].step_type, step_ir_code);
     EXPECT_EQ(s[0].value, t.app.current_ir.library_code);
     EXPECT_EQ(s[0].extra, 3);
-    EXPECT_FALSE(EditIR(t.app, target()).duration_applies());
+    EditIR dialog(t.app, target());
+    EXPECT_TRUE(dialog.duration_applies());  // no code chosen yet
+    library("tv000", 4);
+    EXPECT_FALSE(dialog.duration_applies());
 }
 
 TEST_F(EditIrTest, The8001stCodeIsRefusedEvenWhenItIsAlreadyStored)
