@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "core/app/application.h"
+#include "views/dialog_frame.h"
 #include "views/ir_data_form.h"
 #include "views/my_database_forms.h"
 #include "views/rc56_edit_form.h"
@@ -147,6 +148,7 @@ EditIRForm::EditIRForm(Application& app, const KeyTarget& target, QWidget* paren
     (logic_.minimum() ? Option2 : Option1)->setChecked(true);
     Label4->setText(QString::fromStdString(logic_.Label4));
     show_code();
+    dialog_frame(this, true);
 }
 
 QPushButton* EditIRForm::button(const QString& name) const { return findChild<QPushButton*>(name); }

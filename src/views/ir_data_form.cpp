@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/app/application.h"
+#include "views/dialog_frame.h"
 
 namespace tesselo {
 
@@ -67,6 +68,7 @@ IRDataForm::IRDataForm(Application& app, QWidget* parent) : QDialog(parent), log
     layout->addLayout(grid, 1);
     layout->addWidget(buttons);
     resize(560, 380);
+    dialog_frame(this, false);
 }
 
 void IRDataForm::fill(QListWidget* list, const std::vector<std::string>& items)

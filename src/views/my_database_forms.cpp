@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "core/app/application.h"
+#include "views/dialog_frame.h"
 
 namespace tesselo {
 
@@ -66,6 +67,7 @@ MyDatabaseForm::MyDatabaseForm(Application& app, QWidget* parent) : QDialog(pare
     layout->addWidget(intro);
     layout->addLayout(grid);
     layout->addWidget(ok_cancel(this));
+    dialog_frame(this, true);
 }
 
 void MyDatabaseForm::fill(int level, const QString& choose)
@@ -106,6 +108,7 @@ AddDataBaseForm::AddDataBaseForm(Application& app, int level, QWidget* parent) :
     layout->addWidget(new QLabel(q(mydb_level_name(level)) + " name", this));
     layout->addWidget(Text1);
     layout->addWidget(buttons);
+    dialog_frame(this, true);
 }
 
 void AddDataBaseForm::accept()
@@ -151,6 +154,7 @@ NewIRDataForm::NewIRDataForm(Application& app, QWidget* parent) : QDialog(parent
     ok_ = buttons->button(QDialogButtonBox::Ok);
     layout->addWidget(buttons);
     show_lists();
+    dialog_frame(this, true);
 }
 
 void NewIRDataForm::show_lists()

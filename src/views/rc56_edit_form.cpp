@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "core/app/application.h"
+#include "views/dialog_frame.h"
 
 namespace tesselo {
 
@@ -72,6 +73,7 @@ RC56EditForm::RC56EditForm(Application& app, QWidget* parent) : QDialog(parent),
     layout->addWidget(buttons);
     Option1[rc_protocol_rc5]->setChecked(true);
     show_protocol();
+    dialog_frame(this, true);
 }
 
 bool RC56EditForm::load_code(const IrCodeWords& words, int count)
