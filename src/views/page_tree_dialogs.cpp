@@ -87,7 +87,7 @@ CreatejumpWindow::CreatejumpWindow(Application& app, const KeyTarget& target, QW
     body->addWidget(Combo1);
     body->addWidget(new QLabel("Jump to page:", this));
     body->addWidget(TreeView1, 1);
-    set_body(body);
+    set_body(body, false);
     connect(Combo1, &QComboBox::activated, this, [this](int index) {
         const QString device = Combo1->itemData(index).toString();
         const std::string page = model_.choose_device(device.toStdString());
@@ -114,7 +114,7 @@ CreateLinkWindow::CreateLinkWindow(Application& app, const KeyTarget& target, QW
     auto* body = new QVBoxLayout;
     body->addWidget(new QLabel("Link to the key:", this));
     body->addWidget(TreeView1, 1);
-    set_body(body);
+    set_body(body, false);
     connect(TreeView1, &QTreeWidget::itemDoubleClicked, this, [this](QTreeWidgetItem* item) {
         if (item->childCount() == 0) ok();
     });

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "core/app/application.h"
+#include "views/dialog_frame.h"
 
 namespace tesselo {
 
@@ -55,7 +56,7 @@ StepDialog::StepDialog(Application& app, const KeyTarget& target, const QString&
     connect(Command2, &QPushButton::clicked, this, &StepDialog::reject);
 }
 
-void StepDialog::set_body(QLayout* body)
+void StepDialog::set_body(QLayout* body, bool fixed_size)
 {
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
@@ -65,6 +66,7 @@ void StepDialog::set_body(QLayout* body)
     layout->addLayout(body);
     layout->addSpacing(6);
     layout->addLayout(buttons);
+    dialog_frame(this, fixed_size);
 }
 
 void StepDialog::reject()
@@ -94,7 +96,7 @@ DelaytimeWindow::DelaytimeWindow(Application& app, const KeyTarget& target, QWid
     body->addWidget(caption);
     body->addWidget(Text1, 1);
     body->addWidget(new QLabel("sec (0.1 - 32)", this));
-    set_body(body);
+    set_body(body, true);
     connect(Text1, &DurationEdit::field_left, this, &DelaytimeWindow::leave_field);
 }
 
@@ -138,7 +140,7 @@ AddbeepWindow::AddbeepWindow(Application& app, const KeyTarget& target, QWidget*
     hertz->addWidget(Label1);
     hertz->addWidget(new QLabel("Hz", this));
     body->addLayout(hertz, 1, 2);
-    set_body(body);
+    set_body(body, true);
     connect(Text1, &DurationEdit::field_left, this, &AddbeepWindow::leave_field);
     connect(Slider1, &QSlider::valueChanged, this, [this](int position) {
         model_.move_slider(position);

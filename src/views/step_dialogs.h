@@ -41,8 +41,9 @@ public:
     QPushButton* cancel_button() const { return Command2; }
 
 protected:
-    // Lays out `body` above the two buttons.
-    void set_body(QLayout* body);
+    // Lays out `body` above the two buttons; a dialog of fixed fields takes
+    // the size they need, a tree dialog may grow.
+    void set_body(QLayout* body, bool fixed_size);
     // What OK came to: the dialog stays open only after a refused value.
     void finish(DialogOk outcome);
     virtual void ok() = 0;

@@ -2,6 +2,7 @@
 // settings: label, glyph, align, punch, sleep, link-right, device, blaster,
 // channel and group.
 #include "app/cli/script_runner.h"
+#include "app/cli/script_targets.h"
 #include "core/keys/char_pic_list.h"
 #include "core/keys/device_settings.h"
 #include "core/keys/ir_step_names.h"
@@ -63,7 +64,7 @@ std::optional<std::pair<KeyTarget, ActionPanel>> key_switches(CliContext& ctx)
 {
     const auto target = selected_key_target(ctx.app);
     if (!target) return std::nullopt;
-    const auto content = properties_content(ctx.app, LibraryStepNames(ctx.app.home()));
+    const auto content = properties_content(ctx.app, LibraryStepNames(ctx.app.home(), &ctx.app.my_database()));
     if (content.shows != PropertiesContent::Shows::softkey && content.shows != PropertiesContent::Shows::hardkey)
         return std::nullopt;
     return std::make_pair(*target, content.action);
@@ -89,7 +90,7 @@ void add_label_operations(ScriptOperations& ops)
         });
     };
     ops["glyph"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const int glyph = args.size() == 1 ? script_number(args[0], 0, char_pic_count) : -1;
+        const int glyph = args.size() == 1 ? number_in(args[0], 0, char_pic_count) : -1;
         if (glyph < 0) return LineResult::bad_line;
         return with_label(ctx, [&](const LabelTarget& target, LabelField& field) {
             Command9_Click(ctx.app, target, field, glyph);
@@ -138,13 +139,13 @@ void add_label_operations(ScriptOperations& ops)
         return LineResult::done;
     };
     ops["channel"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const int channel = args.size() == 1 ? script_number(args[0], 1, 4) : -1;
+        const int channel = args.size() == 1 ? number_in(args[0], 1, 4) : -1;
         if (channel < 0 || !has_rf_frame(ctx)) return LineResult::bad_line;
         Combo1_Click(ctx.app, channel);
         return LineResult::done;
     };
     ops["group"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const int group = args.size() == 1 ? script_number(args[0], 1, 2) : -1;
+        const int group = args.size() == 1 ? number_in(args[0], 1, 2) : -1;
         if (group < 0 || !has_rf_frame(ctx)) return LineResult::bad_line;
         Combo2_Click(ctx.app, group);
         return LineResult::done;

@@ -1,7 +1,5 @@
 #include "app/cli/script_runner.h"
 
-#include <cstdlib>
-
 namespace tesselo::cli {
 
 std::optional<ScriptArgs> split_script_line(const std::string& line)
@@ -41,15 +39,6 @@ std::optional<ScriptArgs> split_script_line(const std::string& line)
     return words;
 }
 
-int script_number(const std::string& word, int low, int high)
-{
-    if (word.empty() || word.size() > 5) return -1;
-    for (char c : word)
-        if (c < '0' || c > '9') return -1;
-    const int n = std::atoi(word.c_str());
-    return n >= low && n <= high ? n : -1;
-}
-
 const ScriptOperations& script_operations()
 {
     static const ScriptOperations ops = [] {
@@ -59,6 +48,7 @@ const ScriptOperations& script_operations()
         add_step_operations(all);
         add_label_operations(all);
         add_link_operations(all);
+        add_ir_operations(all);
         return all;
     }();
     return ops;

@@ -22,9 +22,6 @@ using ScriptOperations = std::map<std::string, ScriptOperation>;
 // blanks. A '#' outside quotes starts a comment. Nothing when a quote is left open.
 std::optional<ScriptArgs> split_script_line(const std::string& line);
 
-// A whole number from `low` to `high` written in decimal digits, or -1.
-int script_number(const std::string& word, int low, int high);
-
 // Every script operation that the command line knows.
 const ScriptOperations& script_operations();
 
@@ -34,6 +31,7 @@ void add_tree_operations(ScriptOperations& ops);
 void add_step_operations(ScriptOperations& ops);
 void add_label_operations(ScriptOperations& ops);
 void add_link_operations(ScriptOperations& ops);
+void add_ir_operations(ScriptOperations& ops);
 
 // Replays a script: 0 when every line ran, 2 when a line cannot be parsed or
 // names something that does not exist, 3 when a question found no answer.

@@ -1,6 +1,7 @@
 // Script operations of a key's steps: key, add-delay, add-beep, add-jump,
 // add-link, edit-step, delete-step, step-up, step-down and steps.
 #include "app/cli/script_runner.h"
+#include "app/cli/script_targets.h"
 #include "core/keys/delay_beep_dialogs.h"
 #include "core/keys/hardkey_pictures.h"
 #include "core/keys/ir_step_names.h"
@@ -13,23 +14,6 @@
 namespace tesselo::cli {
 
 namespace {
-
-// The key target of the active document: its page is the selected page node.
-std::optional<KeyTarget> page_target(CliContext& ctx)
-{
-    const Document* doc = ctx.app.active();
-    const TreeSelection& s = ctx.app.selection();
-    if (!doc || s.slot != doc->slot || (s.image != "tv" && s.image != "hide tv")) return std::nullopt;
-    return KeyTarget{doc->slot, s.node_key};
-}
-
-// A step operation needs a selected page and a selected key.
-std::optional<KeyTarget> key_target(CliContext& ctx)
-{
-    auto target = page_target(ctx);
-    if (!target || ctx.app.key_selection.selected_kind == kind_none) return std::nullopt;
-    return target;
-}
 
 LineResult dialog_result(DialogOk outcome)
 {
@@ -65,7 +49,7 @@ ScriptOperation row_button(RowButton button)
 {
     return [button](CliContext& ctx, const ScriptArgs& args) {
         const auto target = key_target(ctx);
-        const int row = args.size() == 1 ? script_number(args[0], 1, steps_per_list) : -1;
+        const int row = args.size() == 1 ? number_in(args[0], 1, steps_per_list) : -1;
         if (!target || row < 0) return LineResult::bad_line;
         return button(ctx.app, *target, row) ? LineResult::done : LineResult::refused;
     };
@@ -80,14 +64,14 @@ void add_step_operations(ScriptOperations& ops)
         if (!target || args.size() < 2) return LineResult::bad_line;
         int picture = -1;
         if (args[0] == "soft" && (args.size() == 2 || (args.size() == 3 && args[2] == "left"))) {
-            const int row = script_number(args[1], 0, 5);
+            const int row = number_in(args[1], 0, 5);
             if (row >= 0) picture = first_side_button + row * 2 + (args.size() == 3 ? 1 : 0);
         } else if (args[0] == "hard" && args.size() == 2) {
-            picture = script_number(args[1], 0, key_pictures - 1);
+            picture = number_in(args[1], 0, key_pictures - 1);
         }
         if (picture < 0) return LineResult::bad_line;
         select_key(ctx.app, picture);
-        load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home()));
+        load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home(), &ctx.app.my_database()));
         return LineResult::done;
     };
     ops["add-delay"] = [](CliContext& ctx, const ScriptArgs& args) {
@@ -99,7 +83,7 @@ void add_step_operations(ScriptOperations& ops)
     };
     ops["add-beep"] = [](CliContext& ctx, const ScriptArgs& args) {
         const auto target = key_target(ctx);
-        const int slider = args.size() == 2 ? script_number(args[1], Addbeep::slider_min, Addbeep::slider_max) : -1;
+        const int slider = args.size() == 2 ? number_in(args[1], Addbeep::slider_min, Addbeep::slider_max) : -1;
         if (!target || slider < 0) return LineResult::bad_line;
         Addbeep dialog(ctx.app.step_edit);
         dialog.move_slider(slider);
@@ -116,13 +100,13 @@ void add_step_operations(ScriptOperations& ops)
         const auto target = key_target(ctx);
         if (!target || args.size() < 3) return LineResult::bad_line;
         if (args[0] == "hard" && args.size() == 3) {
-            const int picture = script_number(args[2], 0, key_pictures - 1);
+            const int picture = number_in(args[2], 0, key_pictures - 1);
             const int key = picture < 0 ? -1 : check_hardkeyindex(picture);
             if (key < 0) return LineResult::bad_line;
             return add_link(ctx, *target, CreateLink::hardkey_node_key(args[1], key));
         }
         if (args[0] == "soft" && (args.size() == 3 || (args.size() == 4 && args[3] == "left"))) {
-            const int row = script_number(args[2], 0, 5);
+            const int row = number_in(args[2], 0, 5);
             if (row < 0) return LineResult::bad_line;
             const int position = row + (args.size() == 4 ? 128 : 0);
             return add_link(ctx, *target, position == 0 ? args[1] : CreateLink::softkey_node_key(args[1], position));
@@ -131,7 +115,7 @@ void add_step_operations(ScriptOperations& ops)
     };
     ops["edit-step"] = [](CliContext& ctx, const ScriptArgs& args) {
         const auto target = key_target(ctx);
-        const int row = args.size() == 1 ? script_number(args[0], 1, steps_per_list) : -1;
+        const int row = args.size() == 1 ? number_in(args[0], 1, steps_per_list) : -1;
         if (!target || row < 0) return LineResult::bad_line;
         return begin_step_edit(ctx.app, *target, row) >= 0 ? LineResult::done : LineResult::bad_line;
     };
@@ -141,7 +125,7 @@ void add_step_operations(ScriptOperations& ops)
     ops["steps"] = [](CliContext& ctx, const ScriptArgs& args) {
         const auto target = key_target(ctx);
         if (!target || !args.empty()) return LineResult::bad_line;
-        const LibraryStepNames names(ctx.app.home());
+        const LibraryStepNames names(ctx.app.home(), &ctx.app.my_database());
         // The list as the Action tab shows it: a punched key's "Punch from " row.
         const auto rows = selected_key_target(ctx.app) ? properties_content(ctx.app, names).action.rows
                                                        : load_step_rows(ctx.app, *target, names);
