@@ -22,6 +22,7 @@
 #include "platform/posix_launcher.h"
 #include "views/glyph_keyboard.h"
 #include "views/label_frame.h"
+#include "offscreen_main.h"
 #include "views/mdi_form1.h"
 #include "views/properties_window.h"
 #include "views/remote.h"
@@ -110,12 +111,4 @@ BENCHMARK(BM_ListView1Refresh40Steps)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-int main(int argc, char** argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication qt(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+TESSELO_OFFSCREEN_BENCHMARK_MAIN()

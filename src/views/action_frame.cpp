@@ -28,16 +28,6 @@ QPushButton* step_button(const QString& name, const QString& text, QWidget* pare
     return b;
 }
 
-QToolButton* move_button(const QString& name, const QString& picture, const QString& tip, QWidget* parent)
-{
-    auto* b = new QToolButton(parent);
-    b->setObjectName(name);
-    b->setIcon(command_picture(picture));
-    b->setIconSize(QSize(18, 18));
-    b->setToolTip(tip);
-    return b;
-}
-
 }  // namespace
 
 ActionFrame::ActionFrame(Application& app, QWidget* parent) : QWidget(parent), app_(app)
@@ -58,8 +48,8 @@ ActionFrame::ActionFrame(Application& app, QWidget* parent) : QWidget(parent), a
     CreateJumpBt = step_button("CreateJumpBt", "Create Jump", this);
     CreateLinkBt = step_button("CreateLinkBt", "Create Link", this);
     DeleteBt = step_button("DeleteBt", "Delete", this);
-    MoveUPBt = move_button("MoveUPBt", "move up", "Move action Up", this);
-    MoveDownBt = move_button("MoveDownBt", "move down", "Move action down", this);
+    MoveUPBt = picture_button("MoveUPBt", "move up", "Move action Up", this);
+    MoveDownBt = picture_button("MoveDownBt", "move down", "Move action down", this);
     Check1 = new QCheckBox("Punch Through", this);
     Check1->setObjectName("Check1");
     Check2 = new QCheckBox("Sleep Timer", this);

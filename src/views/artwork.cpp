@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QPixmap>
 #include <QRadialGradient>
+#include <QToolButton>
 
 namespace tesselo {
 
@@ -340,6 +341,16 @@ QIcon command_picture(const QString& key)
         return make_icon([up](QPainter& p) { arrow(p, QPointF(16, up ? 26 : 6), QPointF(16, up ? 6 : 26), blue); });
     }
     return {};
+}
+
+QToolButton* picture_button(const QString& name, const QString& picture, const QString& tip, QWidget* parent)
+{
+    auto* b = new QToolButton(parent);
+    b->setObjectName(name);
+    b->setIcon(command_picture(picture));
+    b->setIconSize(QSize(18, 18));
+    b->setToolTip(tip);
+    return b;
 }
 
 QIcon program_icon()

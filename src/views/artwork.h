@@ -5,6 +5,8 @@
 #include <QString>
 
 class QPainter;
+class QToolButton;
+class QWidget;
 
 namespace tesselo {
 
@@ -20,6 +22,8 @@ QIcon tree_picture(const QString& image);
 // A button's picture in the properties window: "align left", "align center",
 // "align right", "move up", "move down".
 QIcon command_picture(const QString& key);
+// A tool button named `name` with that picture and tool tip.
+QToolButton* picture_button(const QString& name, const QString& picture, const QString& tip, QWidget* parent);
 // The program's icon: the remote with its display.
 QIcon program_icon();
 

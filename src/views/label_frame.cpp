@@ -14,13 +14,10 @@ namespace tesselo {
 
 namespace {
 
+// The alignment buttons stand pressed for the label's alignment.
 QToolButton* align_button(const QString& name, const QString& picture, const QString& tip, QWidget* parent)
 {
-    auto* b = new QToolButton(parent);
-    b->setObjectName(name);
-    b->setIcon(command_picture(picture));
-    b->setIconSize(QSize(18, 18));
-    b->setToolTip(tip);
+    QToolButton* b = picture_button(name, picture, tip, parent);
     b->setCheckable(true);
     b->setAutoRaise(false);
     return b;

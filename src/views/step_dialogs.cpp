@@ -10,9 +10,41 @@
 #include <QVBoxLayout>
 
 #include "core/app/application.h"
+#include "core/document/ui.h"
 #include "views/dialog_frame.h"
 
 namespace tesselo {
+
+namespace {
+
+// A duration field holding the dialog's opening value, ready for typing.
+DurationEdit* duration_field(const std::string& text, QWidget* parent)
+{
+    auto* field = new DurationEdit(parent);
+    field->setText(QString::fromStdString(text));
+    field->selectAll();
+    field->setFocus();
+    return field;
+}
+
+// Leaving the field: the model checks the range and may empty it.
+template <typename Model>
+void leave(Model& model, DurationEdit* field, Ui& ui)
+{
+    model.Text1 = field->text().toStdString();
+    model.leave_field(ui);
+    field->setText(QString::fromStdString(model.Text1));
+}
+
+// What OK reads: OK by Enter never left the field, so its range is checked all the same.
+template <typename Model>
+void take_field(Model& model, DurationEdit* field, Ui& ui)
+{
+    if (field->hasFocus()) leave(model, field, ui);
+    model.Text1 = field->text().toStdString();
+}
+
+}  // namespace
 
 DurationEdit::DurationEdit(QWidget* parent) : QLineEdit(parent)
 {
@@ -85,11 +117,7 @@ void StepDialog::finish(DialogOk outcome)
 DelaytimeWindow::DelaytimeWindow(Application& app, const KeyTarget& target, QWidget* parent)
     : StepDialog(app, target, "Delaytime", QString::fromStdString(add_delay_title), parent), model_(app.step_edit)
 {
-    Text1 = new DurationEdit(this);
-    Text1->setText(QString::fromStdString(model_.Text1));
-    Text1->selectAll();
-    // The dialog opens with its field ready for typing.
-    Text1->setFocus();
+    Text1 = duration_field(model_.Text1, this);
     auto* body = new QHBoxLayout;
     auto* caption = new QLabel("Delay time:", this);
     caption->setObjectName("Label1");
@@ -100,28 +128,18 @@ DelaytimeWindow::DelaytimeWindow(Application& app, const KeyTarget& target, QWid
     connect(Text1, &DurationEdit::field_left, this, &DelaytimeWindow::leave_field);
 }
 
-void DelaytimeWindow::leave_field()
-{
-    model_.Text1 = Text1->text().toStdString();
-    model_.leave_field(app_.ui());
-    Text1->setText(QString::fromStdString(model_.Text1));
-}
+void DelaytimeWindow::leave_field() { leave(model_, Text1, app_.ui()); }
 
 void DelaytimeWindow::ok()
 {
-    // OK by Enter never left the field: its range is checked all the same.
-    if (Text1->hasFocus()) leave_field();
-    model_.Text1 = Text1->text().toStdString();
+    take_field(model_, Text1, app_.ui());
     finish(model_.ok(app_, target_));
 }
 
 AddbeepWindow::AddbeepWindow(Application& app, const KeyTarget& target, QWidget* parent)
     : StepDialog(app, target, "Addbeep", QString::fromStdString(add_beep_title), parent), model_(app.step_edit)
 {
-    Text1 = new DurationEdit(this);
-    Text1->setText(QString::fromStdString(model_.Text1));
-    Text1->selectAll();
-    Text1->setFocus();
+    Text1 = duration_field(model_.Text1, this);
     Slider1 = new QSlider(Qt::Horizontal, this);
     Slider1->setObjectName("Slider1");
     Slider1->setRange(Addbeep::slider_min, Addbeep::slider_max);
@@ -148,18 +166,12 @@ AddbeepWindow::AddbeepWindow(Application& app, const KeyTarget& target, QWidget*
     });
 }
 
-void AddbeepWindow::leave_field()
-{
-    model_.Text1 = Text1->text().toStdString();
-    model_.leave_field(app_.ui());
-    Text1->setText(QString::fromStdString(model_.Text1));
-}
+void AddbeepWindow::leave_field() { leave(model_, Text1, app_.ui()); }
 
 void AddbeepWindow::ok()
 {
-    // Enter in the field acts as OK (the default button); its range is checked first.
-    if (Text1->hasFocus()) leave_field();
-    model_.Text1 = Text1->text().toStdString();
+    // Enter in the field acts as OK: it is the default button.
+    take_field(model_, Text1, app_.ui());
     // The frequency is read back from Label1.
     model_.Label1 = Label1->text().toStdString();
     finish(model_.ok(app_, target_));

@@ -14,15 +14,10 @@
 #include "core/tree/journal.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
+#include "support/step_document.h"
 #include "support/test_app.h"
 
 namespace tesselo::testing {
-
-// Step rows of the types the tests make need no IR source.
-class NoIrStepNames : public IrStepNames {
-public:
-    std::array<std::string, 3> ir_parts(const Configuration&, const ActionStep&) const override { return {"IR", "", ""}; }
-};
 
 // A new document with two devices made by the editor's own commands
 // (DEVICE11 and DEVICE21, one page each), as a user leaves it.
