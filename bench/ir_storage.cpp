@@ -15,6 +15,7 @@
 #include "core/ir/ir_storage.h"
 #include "core/ir/my_database_forms.h"
 #include "core/ir/my_database_store.h"
+#include "quiet_launcher.h"
 
 namespace {
 
@@ -55,15 +56,6 @@ void BM_FindTheLastOf7999Records(benchmark::State& state)
 }
 BENCHMARK(BM_FindTheLastOf7999Records)->Unit(benchmark::kMicrosecond);
 
-class NoLauncher final : public Launcher {
-public:
-    bool is_running(const std::string&) override { return false; }
-    void bring_forward(const std::string&) override {}
-    bool start(const std::string&, const std::string&) override { return false; }
-    void end_process(const std::string&) override {}
-    int open_document(const std::string&) override { return 2; }
-};
-
 // An application whose My Database holds 10,000 codes: 10 brands of 10
 // devices of 10 models of 10 functions. Made once, in a scratch folder.
 struct BigMyDatabase {
@@ -71,7 +63,7 @@ struct BigMyDatabase {
     std::ostringstream out;
     ScriptedUi ui{out};
     VirtualClock clock;
-    NoLauncher launcher;
+    bench::QuietLauncher launcher;
     std::unique_ptr<Application> app;
 
     BigMyDatabase()
