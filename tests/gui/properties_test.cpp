@@ -49,6 +49,25 @@ void on_dialog(std::function<void(QWidget*)> act)
     });
 }
 
+// The dark dots a row box of a page window paints: its label's glyphs.
+int inked_dots(Remote* page, int row)
+{
+    for (auto* box : page->findChildren<LcdRowBox*>("labelRichText1")) {
+        if (box->row() != row) continue;
+        // Drawn at twice the size, as the screenshots are: the dots of a
+        // glyph are whole pixels there whatever the box's place.
+        QImage image(box->size() * 2, QImage::Format_ARGB32);
+        image.setDevicePixelRatio(2);
+        image.fill(Qt::white);
+        box->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+        int dark = 0;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) dark += image.pixel(x, y) != qRgb(255, 255, 255);
+        return dark;
+    }
+    return -1;
+}
+
 // A click on a check box's or radio button's own box, as a user aims it.
 void click_box(QAbstractButton* box) { QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2)); }
 
@@ -273,6 +292,7 @@ private Q_SLOTS:
         QVERIFY(!f.test.app.step_edit.edit_flag);
 
         // The label: typed, with a backspace, and a symbol from the glyph keyboard.
+        QCOMPARE(inked_dots(f.page, 1), 0);
         w->tab_strip()->setCurrentIndex(1);
         LabelFrame* label = w->label_frame();
         QVERIFY(label->isVisible());
@@ -288,6 +308,8 @@ private Q_SLOTS:
         QVERIFY(row.has_right);
         QCOMPARE(QString::fromStdString(label_to_text(row.right, row.right.glyph_count())), QString("MOVIE ="));
         QCOMPARE(row.right.bytes[7], 76);
+        // Each press drew the key's row box again.
+        QVERIFY(inked_dots(f.page, 1) > 0);
         QTest::mouseClick(child<QToolButton>(w, "Command12"), Qt::LeftButton);
         QCOMPARE(f.lcd_row(1).right.alignment(), align_right);
         save_screenshot(w, "properties_label_tab");
