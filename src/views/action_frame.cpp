@@ -11,8 +11,12 @@
 
 #include "core/app/application.h"
 #include "core/keys/key_behaviours.h"
+#include "core/ir/edit_ir.h"
+#include "core/ir/learn_test_ir.h"
 #include "views/artwork.h"
+#include "views/edit_ir_form.h"
 #include "views/page_tree_dialogs.h"
+#include "views/rc56_edit_form.h"
 #include "views/step_dialogs.h"
 
 namespace tesselo {
@@ -43,6 +47,7 @@ ActionFrame::ActionFrame(Application& app, QWidget* parent) : QWidget(parent), a
     ListView1->installEventFilter(this);
     ListView1->viewport()->setAutoFillBackground(true);
 
+    AddIRBt = step_button("AddIRBt", "Add IR", this);
     AddDelayBt = step_button("AddDelayBt", "Add Delay", this);
     AddBeepBt = step_button("AddBeepBt", "Add Beep", this);
     CreateJumpBt = step_button("CreateJumpBt", "Create Jump", this);
@@ -50,6 +55,8 @@ ActionFrame::ActionFrame(Application& app, QWidget* parent) : QWidget(parent), a
     DeleteBt = step_button("DeleteBt", "Delete", this);
     MoveUPBt = picture_button("MoveUPBt", "move up", "Move action Up", this);
     MoveDownBt = picture_button("MoveDownBt", "move down", "Move action down", this);
+    TestIRBt = step_button("TestIRBt", "Test IR", this);
+    TestIRBt->setToolTip("Hold the button down: the remote sends the selected step's code until you let go");
     Check1 = new QCheckBox("Punch Through", this);
     Check1->setObjectName("Check1");
     Check2 = new QCheckBox("Sleep Timer", this);
@@ -58,12 +65,13 @@ ActionFrame::ActionFrame(Application& app, QWidget* parent) : QWidget(parent), a
     Check3->setObjectName("Check3");
 
     auto* buttons = new QVBoxLayout;
-    for (QPushButton* b : {AddDelayBt, AddBeepBt, CreateJumpBt, CreateLinkBt, DeleteBt}) buttons->addWidget(b);
+    for (QPushButton* b : {AddIRBt, AddDelayBt, AddBeepBt, CreateJumpBt, CreateLinkBt, DeleteBt}) buttons->addWidget(b);
     auto* moves = new QHBoxLayout;
     moves->addWidget(MoveUPBt);
     moves->addWidget(MoveDownBt);
     moves->addStretch(1);
     buttons->addLayout(moves);
+    buttons->addWidget(TestIRBt);
     buttons->addStretch(1);
     auto* top = new QHBoxLayout;
     top->addWidget(ListView1, 1);
@@ -72,7 +80,12 @@ ActionFrame::ActionFrame(Application& app, QWidget* parent) : QWidget(parent), a
     layout->addLayout(top, 1);
     for (QCheckBox* c : {Check1, Check2, Check3}) layout->addWidget(c);
 
+    connect(AddIRBt, &QPushButton::clicked, this, &ActionFrame::AddIRBt_Click);
     connect(AddDelayBt, &QPushButton::clicked, this, &ActionFrame::AddDelayBt_Click);
+    // Test IR is a press and a hold: the remote sends from the press to the release.
+    connect(TestIRBt, &QPushButton::pressed, this, &ActionFrame::TestIRBt_Pressed);
+    connect(TestIRBt, &QPushButton::released, this, &ActionFrame::TestIRBt_Released);
+    connect(ListView1, &QTreeWidget::itemSelectionChanged, this, &ActionFrame::show_test_state);
     connect(AddBeepBt, &QPushButton::clicked, this, &ActionFrame::AddBeepBt_Click);
     connect(CreateJumpBt, &QPushButton::clicked, this, &ActionFrame::CreateJumpBt_Click);
     connect(CreateLinkBt, &QPushButton::clicked, this, &ActionFrame::CreateLinkBt_Click);
@@ -113,8 +126,8 @@ void ActionFrame::load(const ActionPanel& panel)
         colours.setColor(QPalette::Text, QColor(0x80, 0x80, 0x80));
     }
     ListView1->setPalette(colours);
-    for (QWidget* w : std::initializer_list<QWidget*>{AddDelayBt, AddBeepBt, CreateJumpBt, CreateLinkBt, DeleteBt,
-                                                      MoveUPBt, MoveDownBt})
+    for (QWidget* w : std::initializer_list<QWidget*>{AddIRBt, AddDelayBt, AddBeepBt, CreateJumpBt, CreateLinkBt,
+                                                      DeleteBt, MoveUPBt, MoveDownBt, TestIRBt})
         w->setEnabled(!panel.grey);
     Check1->setVisible(panel.check1_shown);
     Check1->setChecked(panel.check1);
@@ -123,6 +136,7 @@ void ActionFrame::load(const ActionPanel& panel)
     Check3->setVisible(panel.check3_shown);
     Check3->setChecked(panel.check3);
     if (!panel.grey) select_row(std::min(row, ListView1->topLevelItemCount()));
+    show_test_state();
     filling_ = false;
 }
 
@@ -152,6 +166,7 @@ void ActionFrame::open_dialog()
     Q_EMIT key_changed(selected_row());
 }
 
+void ActionFrame::AddIRBt_Click() { open_dialog<EditIRForm>(); }
 void ActionFrame::AddDelayBt_Click() { open_dialog<DelaytimeWindow>(); }
 void ActionFrame::AddBeepBt_Click() { open_dialog<AddbeepWindow>(); }
 void ActionFrame::CreateJumpBt_Click() { open_dialog<CreatejumpWindow>(); }
@@ -186,16 +201,73 @@ void ActionFrame::ListView1_DblClick(int row)
     const int step = ListView1->topLevelItem(row - 1)->data(0, step_role).toInt();
     if (step < 0) return;
     const std::uint8_t type = app_.config(t->slot).action_steps.steps[static_cast<std::size_t>(step)].step_type;
-    // The IR steps' editors belong to the Add IR Code dialog.
-    if (type < step_jump || type > step_beep) return;
     if (begin_step_edit(app_, *t, row) < 0) return;
     select_row(row);
+    switch (type) {
+    case step_jump: case step_delay: case step_link: case step_beep: break;
+    default: edit_ir_row(row, type); return;
+    }
     switch (type) {
     case step_jump: open_dialog<CreatejumpWindow>(); break;
     case step_delay: open_dialog<DelaytimeWindow>(); break;
     case step_link: open_dialog<CreateLinkWindow>(); break;
     default: open_dialog<AddbeepWindow>(); break;
     }
+}
+
+void ActionFrame::edit_ir_row(int row, std::uint8_t type)
+{
+    const auto t = target();
+    if (!t) return;
+    if (type < step_rc5 || type > step_rc6a) {
+        // A library, learned or My Database code: Add IR Code on the step's own code.
+        open_dialog<EditIRForm>();
+        return;
+    }
+    // A typed code: its protocol's fields, and OK stores the new code in the step.
+    EditIR logic(app_, *t);
+    RC56EditForm fields(app_, window());
+    fields.load_code(app_.current_ir.ir_code_words, app_.current_ir.ir_code_word_count);
+    if (fields.exec() == QDialog::Accepted) logic.ok();
+    else logic.cancel();
+    Q_EMIT key_changed(row);
+}
+
+void ActionFrame::show_test_state()
+{
+    // Test IR sends the selected row's code: it is there for IR rows.
+    const auto t = target();
+    const int row = selected_row();
+    bool ir = false;
+    if (t && row > 0 && app_.slot_in_use[static_cast<std::size_t>(t->slot)]) {
+        const int step = ListView1->topLevelItem(row - 1)->data(0, step_role).toInt();
+        if (step >= 0 && step < action_step_rows) {
+            const std::uint8_t type = app_.config(t->slot).action_steps.steps[static_cast<std::size_t>(step)].step_type;
+            ir = type <= step_learning || type == step_mydatabase || type == step_mydatabase_learning;
+        }
+    }
+    TestIRBt->setEnabled(ir && AddIRBt->isEnabled());
+}
+
+void ActionFrame::TestIRBt_Pressed()
+{
+    const auto t = target();
+    const int row = selected_row();
+    testing_ = false;
+    if (!t || row == 0) return;
+    const int step = ListView1->topLevelItem(row - 1)->data(0, step_role).toInt();
+    const Configuration& config = app_.config(t->slot);
+    if (!load_step_code(app_, config, step)) return;
+    test_delay_ = step_test_delay(config.action_steps.steps[static_cast<std::size_t>(step)]);
+    testing_ = true;
+    TestIR_Start(app_, app_.current_ir.current_ir_type, test_delay_);
+}
+
+void ActionFrame::TestIRBt_Released()
+{
+    if (!testing_) return;
+    testing_ = false;
+    TestIR_End(app_, test_delay_);
 }
 
 bool ActionFrame::eventFilter(QObject* watched, QEvent* event)

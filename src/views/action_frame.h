@@ -29,6 +29,7 @@ public:
     bool filling() const { return filling_; }
 
     // The buttons' and the list's gestures, as a click or a key runs them.
+    void AddIRBt_Click();
     void AddDelayBt_Click();
     void AddBeepBt_Click();
     void CreateJumpBt_Click();
@@ -37,6 +38,9 @@ public:
     void MoveUPBt_Click();
     void MoveDownBt_Click();
     void ListView1_DblClick(int row);
+    // Test IR pressed and released on the selected IR step.
+    void TestIRBt_Pressed();
+    void TestIRBt_Released();
 
 Q_SIGNALS:
     // The key's steps or switches changed: the window shows the tables again.
@@ -50,10 +54,13 @@ private:
     template <typename Window>
     void open_dialog();
     void move(bool up);
+    void edit_ir_row(int row, std::uint8_t type);
+    void show_test_state();
 
     Application& app_;
     bool filling_ = false;
     QTreeWidget* ListView1;
+    QPushButton* AddIRBt;
     QPushButton* AddDelayBt;
     QPushButton* AddBeepBt;
     QPushButton* CreateJumpBt;
@@ -61,6 +68,9 @@ private:
     QPushButton* DeleteBt;
     QToolButton* MoveUPBt;
     QToolButton* MoveDownBt;
+    QPushButton* TestIRBt;
+    bool testing_ = false;
+    int test_delay_ = -1;
     QCheckBox* Check1;
     QCheckBox* Check2;
     QCheckBox* Check3;

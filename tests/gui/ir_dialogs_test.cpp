@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
+#include <QTreeWidget>
 #include <QtTest>
 
 #include <filesystem>
@@ -24,6 +25,8 @@
 #include "views/edit_ir_form.h"
 #include "views/ir_data_form.h"
 #include "views/my_database_forms.h"
+#include "views/action_frame.h"
+#include "views/properties_window.h"
 #include "views/qt_ui.h"
 #include "views/rc56_edit_form.h"
 #include "views/remote.h"
@@ -300,6 +303,70 @@ private Q_SLOTS:
         ui.editir_status("no usb device");
         QCOMPARE(form.status_line()->text(), QString("no usb device"));
         save_screenshot(&form, "editir_status");
+    }
+
+    void the_action_tab_adds_edits_and_tests_ir_steps()
+    {
+        KeyFixture f;
+        auto remote = std::make_shared<emulator::RemoteEmulator>();
+        f.test.app.link().set_transport(std::make_unique<emulator::EmulatorTransport>(remote, f.test.clock));
+        Remote* page = f.frame->open_page(0, QString::fromStdString(f.page));
+        QVERIFY(page);
+        QTest::mouseClick(page, Qt::LeftButton, {}, page->picture_rect(5).center().toPoint());
+        f.frame->entry("muproperties")->trigger();
+        properties* w = f.frame->properties_window();
+        QVERIFY(w && w->isVisible());
+        ActionFrame* action = w->action_frame();
+        auto* add_ir = action->findChild<QPushButton*>("AddIRBt");
+        auto* test_ir = action->findChild<QPushButton*>("TestIRBt");
+        QVERIFY(add_ir && add_ir->isEnabled());
+        QVERIFY(!test_ir->isEnabled());
+
+        // Add IR: the RC5 / RC6 button, fields typed, OK twice.
+        on_next_dialog([](QWidget* w) {
+            auto* edit = qobject_cast<EditIRForm*>(w);
+            QVERIFY(edit);
+            on_next_dialog([](QWidget* inner) {
+                auto* rc = qobject_cast<RC56EditForm*>(inner);
+                QVERIFY(rc);
+                type_into(rc->field(RcField::Text3), "0");
+                type_into(rc->field(RcField::Text1), "12");
+                rc->accept();
+            });
+            edit->button("RC56")->click();
+            edit->accept();
+        });
+        add_ir->click();
+        QCOMPARE(action->list()->topLevelItemCount(), 1);
+        QCOMPARE(action->list()->topLevelItem(0)->text(0), QString("RC5 0 12"));
+
+        // A double click on the row opens the protocol's fields with the step's values.
+        bool seen = false;
+        on_next_dialog([&seen](QWidget* w) {
+            auto* rc = qobject_cast<RC56EditForm*>(w);
+            QVERIFY(rc);
+            QCOMPARE(rc->field(RcField::Text3)->text(), QString("0"));
+            QCOMPARE(rc->field(RcField::Text1)->text(), QString("12"));
+            type_into(rc->field(RcField::Text1), "13");
+            seen = true;
+            rc->accept();
+        });
+        action->ListView1_DblClick(1);
+        QVERIFY(seen);
+        QCOMPARE(action->list()->topLevelItemCount(), 1);
+        QCOMPARE(action->list()->topLevelItem(0)->text(0), QString("RC5 0 13"));
+        QVERIFY(!f.test.app.step_edit.edit_flag);
+
+        // Test IR on the selected row: the remote sends from the press to the release.
+        action->select_row(1);
+        QVERIFY(test_ir->isEnabled());
+        f.test.take_lines();
+        QTest::mousePress(test_ir, Qt::LeftButton);
+        QVERIFY(remote->sending_code);
+        QCOMPARE(remote->test_frame.size(), std::size_t(137));
+        QTest::mouseRelease(test_ir, Qt::LeftButton);
+        QVERIFY(!remote->sending_code);
+        save_screenshot(w, "properties_ir_step");
     }
 
     void a_double_click_on_a_key_opens_add_ir_code_for_it()

@@ -57,28 +57,37 @@ std::string key_place_words(const Configuration& config, const KeyPlace& place, 
     return device + "-" + page + "/row " + std::to_string(selection.row()) + (selection.selected_left ? " left" : "");
 }
 
-// The stored code that a step sends, as the current code, and its row's name.
-void load_step_code(Application& app, const Configuration& config, int step)
+bool is_ir_step(std::uint8_t type) { return type <= step_learning || type == step_mydatabase || type == step_mydatabase_learning; }
+
+}  // namespace
+
+bool load_step_code(Application& app, const Configuration& config, int step)
 {
+    if (step < 0 || step >= action_step_rows || !is_ir_step(config.action_steps.steps[at(step)].step_type)) return false;
     const ActionStep& s = config.action_steps.steps[at(step)];
     const int stored = step_number_value(s);
     CurrentIrCode& code = app.current_ir;
     const LibraryStepNames names(app.home(), &app.my_database());
-    const std::string name = display_marcostep(config, step, names).value_or(std::string());
+    std::string name = display_marcostep(config, step, names).value_or(std::string());
+    while (!name.empty() && name.back() == ' ') name.pop_back();
     if (learned_type(s.step_type)) {
         code.set_value(stored_learned_code(config, stored), s.step_type, name);
-        return;
+        return true;
     }
     code.set_value(stored_ir_code(config, stored), s.step_type, name);
     if (s.step_type == ir_type_library) {
         code.library_code = s.value;
         code.library_key = s.extra;
     }
+    return true;
 }
 
-bool is_ir_step(std::uint8_t type) { return type <= step_learning || type == step_mydatabase || type == step_mydatabase_learning; }
-
-}  // namespace
+int step_test_delay(const ActionStep& step)
+{
+    // A library step names its code where the others keep their duration.
+    if (step.step_type == ir_type_library || step.value == default_ir_duration) return -1;
+    return std::clamp<int>(step.value, minimum_duration_low, minimum_duration_high);
+}
 
 std::int16_t learning_key_number(const KeyPlace& place, const Configuration& config)
 {

@@ -29,6 +29,13 @@ inline constexpr int minimum_duration_high = 1000;
 // that the two kinds never meet.
 std::int16_t learning_key_number(const KeyPlace& place, const Configuration& config);
 
+// The code that IR step `step` sends becomes the current code, named as its
+// row shows it. False for a step of another kind.
+bool load_step_code(Application& app, const Configuration& config, int step);
+// What Test IR waits for a step's code: its duration in hundredths when it
+// has one of its own, -1 for the remote's default.
+int step_test_delay(const ActionStep& step);
+
 // The word of a code's source in the log: "IR", "RC5", "RC5X", "RC60",
 // "RC6A" or "learning" (a My Database code counts as the library's, a My
 // Database learned code as a learned one).

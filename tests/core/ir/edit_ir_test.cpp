@@ -392,7 +392,7 @@ TEST_F(EditIrTest, OverwritingALearnedStepGivesItsSlotBack)
     {
         EditIR dialog(t.app, target());
         EXPECT_EQ(t.app.current_ir.current_ir_data[0], 1);
-        EXPECT_EQ(t.app.current_ir.name, "LEARNING CODE  ");
+        EXPECT_EQ(t.app.current_ir.name, "LEARNING CODE");
         rc5(0, 9);
         ASSERT_TRUE(dialog.ok());
     }
