@@ -72,6 +72,10 @@ TEST(CliIrDecode, TheFormsAndUnknown)
     auto r = run_cli("ir decode 2 8010 0806 1F00 3F00 1F00 3F00 FC00");
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.out, "rc5 0 0\n");
+    // The words the rules do not read may be anything.
+    r = run_cli("ir decode 0002 8010 0806 1F00 3F00 1F00 3F00 FC01");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, "rc5 0 0\n");
     r = run_cli("ir decode 0x19 0 2C20 A939 5555 5550 5556 5559");
     EXPECT_EQ(r.out, "rc6a 32768 1 2\n");
     r = run_cli("ir decode 0019 C010 1C10 9535 5550 95C5 5550 9535 5550 95C5 5550 5556");
