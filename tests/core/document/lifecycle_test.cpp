@@ -4,6 +4,10 @@
 
 #include "core/document/lifecycle.h"
 #include "core/document/log.h"
+#include "core/keys/step_commands.h"
+#include "core/tree/selection.h"
+#include "core/tree/tree_model.h"
+#include "core/tree/tree_view.h"
 #include "support/test_app.h"
 
 namespace tesselo {
@@ -180,6 +184,46 @@ TEST(CloseDocument, YesWithACancelledSaveAsKeepsTheDocumentAndItsSlot)
     EXPECT_FALSE(close_document(t.app, 0));
     EXPECT_EQ(t.app.documents().size(), 1u);
     EXPECT_EQ(t.app.slot_in_use[0], 1);
+}
+
+TEST(CloseDocument, TheSelectionIsClearedSoThatNoStepGoesIntoTheNextDocumentOfTheSlot)
+{
+    RecordingApp t;
+    muNew(t.app);
+    click_node(t.app, 0, t.app.tree(0).find("HOME1\\PAGE1"));
+    select_key(t.app, 5);  // row 1, the right button
+    t.app.selection().drag_mode = 3;
+    t.app.step_edit.begin(0, ActionStep{});
+    t.ui.queue_answer("no");
+    ASSERT_TRUE(close_document(t.app, 0));
+    EXPECT_EQ(t.app.key_selection.selected_kind, kind_none);
+    EXPECT_EQ(t.app.key_selection.selected_index, -1);
+    EXPECT_EQ(t.app.key_selection.selected_row, 0);
+    EXPECT_EQ(t.app.key_selection.selected_left, 0);
+    EXPECT_EQ(t.app.selection().drag_mode, 0);
+    EXPECT_EQ(t.app.selection().slot, -1);
+    EXPECT_TRUE(t.app.selection().node_key.empty());
+    EXPECT_FALSE(t.app.step_edit.edit_flag);
+
+    // The next document takes the same slot: a step dialog's OK finds no key.
+    ASSERT_EQ(muNew(t.app), 0);
+    ASSERT_EQ(t.app.documents()[0].slot, 0);
+    t.take_lines();
+    EXPECT_FALSE(finish_step_dialog(t.app, {0, "HOME1\\PAGE1"}, duration_fields(7, 100), "Add Delay", "add delay"));
+    EXPECT_EQ(t.app.config(0).action_steps.step_total, 0);
+    EXPECT_EQ(t.app.config(0).action_lists.list_count, 0);
+}
+
+TEST(CloseDocument, ClosingAnotherDocumentKeepsTheTreeSelectionOfTheActiveOne)
+{
+    RecordingApp t;
+    muNew(t.app);
+    muNew(t.app);
+    click_node(t.app, 1, t.app.tree(1).find("HOME2\\PAGE1"));
+    t.ui.queue_answer("no");
+    ASSERT_TRUE(close_document(t.app, 0));
+    EXPECT_EQ(t.app.selection().slot, 1);
+    EXPECT_EQ(t.app.selection().node_key, "HOME2\\PAGE1");
 }
 
 struct ViewsListener : ApplicationListener {
