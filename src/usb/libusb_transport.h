@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <libusb.h>
 
 #include "core/link/transport.h"
+#include "usb/bulk_pipes.h"
 #include "usb/usb_matching.h"
 
 namespace tesselo::usb {
@@ -33,8 +35,7 @@ private:
     libusb_context* context_ = nullptr;
     libusb_device_handle* handle_ = nullptr;
     Pipes pipes_;
-    // What is left of a transfer longer than the last read asked for.
-    std::vector<std::uint8_t> rest_;
+    std::optional<BulkPipes> bulk_;
 };
 
 }  // namespace tesselo::usb
