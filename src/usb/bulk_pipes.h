@@ -25,19 +25,30 @@ class BulkPipes {
 public:
     BulkPipes(const Pipes& pipes, BulkCalls calls) : pipes_(pipes), calls_(std::move(calls)) {}
 
-    // The byte count, 0 for a transfer of nothing, -1 on a time-out, -2 on another failure.
+    // The byte count, 0 for a transfer of nothing or a device that has gone,
+    // -1 on a time-out, -2 on another failure.
     int read(std::uint8_t* buffer, std::size_t to_read, std::uint32_t timeout_ms);
-    // 1 done, -1 time-out, -2 another failure.
+    // 1 done, 0 a device that has gone, -1 time-out, -2 another failure.
     int write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written, std::uint32_t timeout_ms);
+    // Set once the device has left the bus: nothing is asked of it any more.
+    bool gone() const { return gone_; }
 
 private:
+    // A failed call: a halted endpoint is cleared, a vanished device noted.
+    void after_failure(int rc, std::uint8_t endpoint);
+
     Pipes pipes_;
     BulkCalls calls_;
-    // What is left of a transfer longer than the last read asked for.
+    // What has come of a transfer and not been read yet.
     std::vector<std::uint8_t> rest_;
+    // The last transfer filled its room, so the device's transfer may go on.
+    bool more_may_follow_ = false;
+    bool gone_ = false;
 };
 
-// The room a read asks the device for, in whole packets.
+// The room a read asks the device for: what is asked, in whole packets. The
+// remote sends no empty packet after a transfer of whole packets, so a read
+// that asked for more would wait out its time-out.
 std::size_t read_room(std::size_t to_read, std::uint16_t packet_size);
 
 }  // namespace tesselo::usb

@@ -25,8 +25,9 @@ public:
     std::vector<std::string> device_paths() override;
     bool open(const std::string& path) override;
     void close() override;
-    int read_pipe() const override { return handle_ ? pipes_.pipe01 : -1; }
-    int write_pipe() const override { return handle_ ? pipes_.pipe00 : -1; }
+    // -1 while closed, and once the remote has left the bus.
+    int read_pipe() const override { return bulk_ && !bulk_->gone() ? pipes_.pipe01 : -1; }
+    int write_pipe() const override { return bulk_ && !bulk_->gone() ? pipes_.pipe00 : -1; }
     int read(std::uint8_t* buffer, std::size_t to_read, std::uint32_t timeout_ms) override;
     int write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written,
               std::uint32_t timeout_ms) override;
