@@ -111,6 +111,15 @@ TEST_F(CliLibrary, CategoriesBrandsCodesetsKeysAndCode)
     EXPECT_NE(keys.find("\n11\tPOWER\n"), std::string::npos) << keys;
 }
 
+TEST(CliHome, ANewHomeFolderGetsTheDataBaseFolderBesideTheProgram)
+{
+    TempFolder parent;
+    const auto home = parent.path() / "new home";
+    const auto r = run_cli("--home " + shell_quote(home.string()) + " library brands tv");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_TRUE(fs::exists(home / "Data base" / "5150LIb.bin"));
+}
+
 TEST_F(CliLibrary, RefusalsAndBadUsage)
 {
     EXPECT_EQ(run("library code tv999 0").status, 1);
@@ -118,7 +127,9 @@ TEST_F(CliLibrary, RefusalsAndBadUsage)
     EXPECT_EQ(run("library code tv000 x").status, 2);
     EXPECT_EQ(run("library brands nothing").status, 2);
     EXPECT_EQ(run("library shelves").status, 2);
+    // A Data base folder that holds no library.
     fs::remove_all(home.path() / "Data base");
+    fs::create_directories(home.path() / "Data base");
     EXPECT_EQ(run("library brands tv").status, 2);
 }
 

@@ -72,7 +72,10 @@ int main(int argc, char** argv)
 
     const auto home = tesselo::resolve_home(tesselo::home_sources_from_environment(tesselo::executable_folder(), {}));
     std::string why;
-    if (!tesselo::prepare_home(home, fs::path(TESSELO_INSTALLED_DATA) / tesselo::data_base_folder, why))
+    if (!tesselo::prepare_home(home,
+                               {tesselo::executable_folder() / tesselo::data_base_folder,
+                                fs::path(TESSELO_INSTALLED_DATA) / tesselo::data_base_folder},
+                               why))
         std::cerr << "tesselo: cannot use the home folder " << home << ": " << why << '\n';
     provide_user_guide(home);
 
