@@ -2,6 +2,7 @@
 
 #include "views/download_window.h"
 #include "views/error_window.h"
+#include "views/mdi_form1.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -49,6 +50,14 @@ QString qt_file_filter(const std::string& filter)
     for (int i = 0; i + 1 < parts.size(); i += 2) names << parts[i];
     if (names.isEmpty()) names << q(filter);
     return names.join(";;");
+}
+
+void attach_frame(QtUi& ui, MDIForm1& frame)
+{
+    ui.set_parent(&frame);
+    ui.set_commands_sink([&frame] { frame.update_commands(); });
+    ui.set_status_sink([&frame](const QString& text) { frame.set_status(text); });
+    ui.set_progress_sink([&frame](int value, int maximum) { frame.set_progress(value, maximum); });
 }
 
 void QtUi::message(const std::string& title, const std::string& text, Icon icon)

@@ -11,6 +11,7 @@ class QWidget;
 namespace tesselo {
 
 class Download;
+class MDIForm1;
 
 // The Ui port on Qt: message boxes with the system's titles and icons, the
 // file dialogs, the wait cursor, and event processing for long loops. The
@@ -55,6 +56,10 @@ private:
     Download* download_ = nullptr;
     std::string editir_status_;
 };
+
+// Gives the Ui port its frame: the parent of its boxes and windows, the status
+// line, the progress bar and the commands that follow an upload.
+void attach_frame(QtUi& ui, MDIForm1& frame);
 
 // "Data Config File (*.kcf)|*.kcf" in the form of Qt's file dialogs:
 // "Data Config File (*.kcf)", one filter a line.

@@ -87,10 +87,7 @@ int main(int argc, char** argv)
     const char* link = std::getenv("TESSELO_LINK");
     if (!tesselo::install_gui_link(app, link ? link : "", why)) std::cerr << "tesselo: " << why << '\n';
     tesselo::MDIForm1 frame(app);
-    ui.set_parent(&frame);
-    ui.set_commands_sink([&frame] { frame.update_commands(); });
-    ui.set_status_sink([&frame](const QString& text) { frame.set_status(text); });
-    ui.set_progress_sink([&frame](int value, int maximum) { frame.set_progress(value, maximum); });
+    tesselo::attach_frame(ui, frame);
     QObject::connect(&server, &tesselo::InstanceServer::raise_requested, &frame, &tesselo::MDIForm1::raise_frame);
     QObject::connect(&server, &tesselo::InstanceServer::files_received, &frame, &tesselo::MDIForm1::open_files);
 
