@@ -16,6 +16,7 @@
 #include "views/mdi_form1.h"
 #include "views/properties_window.h"
 #include "views/remote.h"
+#include "views/window_placement.h"
 
 namespace tesselo {
 
@@ -149,8 +150,7 @@ void MDIForm1::properties_requested()
         properties_ = new properties(app_, this);
     }
     properties_->refresh();
-    properties_->show();
-    properties_->raise();
+    show_placed(properties_, this, Placement::beside_frame);
 }
 
 void MDIForm1::page_window_opened(int slot, const std::string& caption)

@@ -17,6 +17,7 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 #include <QtTest>
 
 #include "core/document/clock.h"
@@ -70,11 +71,26 @@ inline void save_screen(const QString& name)
 
 inline QRect screen_rect() { return QRect(0, 0, virtual_screen()->width(), virtual_screen()->height()); }
 
+// The window manager's frame of a top-level window, as the X server holds it:
+// the smallest mapped top-level window around the window's own rectangle.
+inline QRect screen_frame(const QWidget* window)
+{
+    const QRect client(window->mapToGlobal(QPoint(0, 0)), window->size());
+    QRect best;
+    for (const ScreenWindow& w : virtual_screen()->mapped_windows()) {
+        const QRect r(w.x, w.y, w.width, w.height);
+        if (r.contains(client) && (best.isNull() || r.width() * r.height() < best.width() * best.height())) best = r;
+    }
+    return best;
+}
+
 // Every mapped top-level window lies wholly inside the screen.
 inline bool every_window_inside_the_screen(QString& which)
 {
     for (const ScreenWindow& w : virtual_screen()->mapped_windows()) {
         const QRect r(w.x, w.y, w.width, w.height);
+        // Helper windows of one pixel, kept off the screen, are nothing a user sees.
+        if (r.width() <= 1 && r.height() <= 1) continue;
         if (!screen_rect().contains(r)) {
             which = QString("a window at %1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
             return false;
@@ -138,11 +154,11 @@ struct BoxWatcher {
         QObject::connect(&timer, &QTimer::timeout, [this] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             if (!box || !box->isVisible()) return;
-            // Until the window manager has framed it.
-            if (box->frameGeometry() == box->geometry()) return;
+            // Until the window manager has put it on the screen.
+            if (!box->windowHandle() || !box->windowHandle()->isExposed()) return;
             timer.stop();
             settle(100);
-            seen.push_back({box->windowTitle(), box->text(), box->icon(), box->frameGeometry(), box->geometry()});
+            seen.push_back({box->windowTitle(), box->text(), box->icon(), screen_frame(box), global_rect(box)});
             if (on_box) on_box(box);
             QAbstractButton* button = box->defaultButton() ? static_cast<QAbstractButton*>(box->defaultButton())
                                                            : box->buttons().value(0);
