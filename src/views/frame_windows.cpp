@@ -56,7 +56,6 @@ void MDIForm1::document_opened(int document)
     form->setWindowTitle(QString::fromStdString(doc.title));
     form->setWindowIcon(tree_picture("home"));
     QMdiSubWindow* sub = area_->addSubWindow(form);
-    sub->resize(300, 460);
     windows_.insert(windows_.begin() + document, form);
     connect(form, &mainform::close_requested, this, [this](mainform* window) {
         close_document(app_, document_index(window));
@@ -64,6 +63,7 @@ void MDIForm1::document_opened(int document)
     });
     connect(form, &mainform::commands_changed, this, &MDIForm1::update_commands);
     form->rebuild_tree();
+    place_new_window(sub);
     sub->show();
     update_commands();
 }
@@ -177,6 +177,8 @@ void MDIForm1::page_window_opened(int slot, const std::string& caption)
     connect(page, &Remote::key_hovered, this, &MDIForm1::show_key_status);
     connect(page, &Remote::key_selected, this, &MDIForm1::key_selected);
     connect(page, &Remote::closed, this, &MDIForm1::page_window_closed_by_user);
+    sub->adjustSize();
+    place_new_window(sub);
     sub->show();
     update_commands();
 }

@@ -73,7 +73,7 @@ MDIForm1::MDIForm1(Application& app, QWidget* parent) : QMainWindow(parent), app
     build_menus();
     build_toolbar();
     app_.add_listener(this);
-    resize(1024, 720);
+    size_from_screen();
     update_commands();
 }
 
@@ -118,21 +118,9 @@ void MDIForm1::register_commands()
         if (const Document* doc = app_.active()) close_pages(doc->slot);
     };
     commands_["muSimulator"] = [this] { muSimulator(app_); };
-    commands_["muCascade"] = [this] { area_->cascadeSubWindows(); };
-    commands_["muTileHor"] = [this] {
-        // One above the other, each the width of the frame.
-        const auto windows = area_->subWindowList();
-        const int height = windows.isEmpty() ? 0 : area_->viewport()->height() / int(windows.size());
-        for (int i = 0; i < windows.size(); ++i)
-            windows[i]->setGeometry(0, i * height, area_->viewport()->width(), height);
-    };
-    commands_["muTileVer"] = [this] {
-        // Side by side, each the height of the frame.
-        const auto windows = area_->subWindowList();
-        const int width = windows.isEmpty() ? 0 : area_->viewport()->width() / int(windows.size());
-        for (int i = 0; i < windows.size(); ++i)
-            windows[i]->setGeometry(i * width, 0, width, area_->viewport()->height());
-    };
+    commands_["muCascade"] = [this] { arrange(Arrangement::cascade); };
+    commands_["muTileHor"] = [this] { arrange(Arrangement::tile_horizontally); };
+    commands_["muTileVer"] = [this] { arrange(Arrangement::tile_vertically); };
     commands_["muAbout"] = [this] { muAbout_Click(); };
     commands_["help"] = [this] { open_pdf(app_); };
     commands_["muDownload"] = [this] { muDownload_Click(app_); };

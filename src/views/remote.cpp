@@ -58,8 +58,7 @@ Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
     setProperty("Tag", tag_);
     setWindowTitle(QString::fromStdString(page_node_key(app.config(slot), page)));
     setMouseTracking(true);
-    const QRectF body = pixels(remote_body_rect());
-    setFixedSize(int(body.width() + 2 * margin), int(body.height() + 8));
+    setFixedSize(window_size());
     setAutoFillBackground(true);
     QPalette back = palette();
     back.setColor(QPalette::Window, QColor(0xE9, 0xEB, 0xEE));
@@ -79,6 +78,12 @@ Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
     pagelabel->setGeometry(to_pixels(pagelabel_rect()).toRect());
     pagelabel->setStyleSheet("color: #d8dde6; font-size: 9px; letter-spacing: 1px;");
     update_rows();
+}
+
+QSize Remote::window_size()
+{
+    const QRectF body = pixels(remote_body_rect());
+    return {int(body.width() + 2 * margin), int(body.height() + 8)};
 }
 
 QRectF Remote::to_pixels(const TwipRect& r) const { return pixels(r).translated(margin, 4); }

@@ -34,6 +34,8 @@ class Remote : public QWidget {
     Q_OBJECT
 public:
     Remote(Application& app, int slot, const PageRef& page, QWidget* parent = nullptr);
+    // The window's size: the whole remote, always.
+    static QSize window_size();
 
     int slot() const { return slot_; }
     const PageRef& page() const { return page_; }

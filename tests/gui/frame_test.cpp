@@ -284,13 +284,22 @@ private Q_SLOTS:
         FrameFixture f;
         f.frame->entry("muNew")->trigger();
         f.frame->entry("muNew")->trigger();
-        f.frame->entry("muTileVer")->trigger();
         const auto windows = f.frame->area()->subWindowList();
-        QCOMPARE(windows[0]->geometry().top(), windows[1]->geometry().top());
-        QVERIFY(windows[0]->geometry().left() != windows[1]->geometry().left());
+        // Tile Vertically: columns, a document window the workspace's height.
+        f.frame->entry("muTileVer")->trigger();
+        QCOMPARE(windows[0]->geometry().top(), 0);
+        QCOMPARE(windows[1]->geometry().top(), 0);
+        QVERIFY(windows[1]->geometry().left() > windows[0]->geometry().right());
+        QVERIFY(windows[0]->height() > f.frame->area()->viewport()->height() / 2);
+        // Tile Horizontally: rows, side by side while the row has room.
         f.frame->entry("muTileHor")->trigger();
-        QCOMPARE(windows[0]->geometry().left(), windows[1]->geometry().left());
-        QVERIFY(windows[0]->geometry().top() != windows[1]->geometry().top());
+        QCOMPARE(windows[0]->geometry().topLeft(), QPoint(0, 0));
+        QCOMPARE(windows[1]->geometry().top(), 0);
+        QVERIFY(!windows[0]->geometry().intersects(windows[1]->geometry()));
+        // Cascade: each a title bar below and right of the one before.
+        f.frame->entry("muCascade")->trigger();
+        QVERIFY(windows[1]->geometry().top() > windows[0]->geometry().top());
+        QVERIFY(windows[1]->geometry().left() > windows[0]->geometry().left());
     }
 };
 

@@ -84,6 +84,19 @@ inline QRect screen_frame(const QWidget* window)
     return best;
 }
 
+// Waits, two seconds at most, until the window manager has framed `window`
+// and the frame stays where it is.
+inline void wait_framed(const QWidget* window)
+{
+    QRect last;
+    for (int i = 0; i < 100; ++i) {
+        settle(20);
+        const QRect now = screen_frame(window);
+        if (!now.isNull() && now.height() > window->height() && now == last) return;
+        last = now;
+    }
+}
+
 // Every mapped top-level window lies wholly inside the screen.
 inline bool every_window_inside_the_screen(QString& which)
 {
@@ -117,7 +130,7 @@ struct Editor {
         attach_frame(ui, *frame);
         frame->show();
         if (!QTest::qWaitForWindowExposed(frame.get())) qWarning("the frame was not shown");
-        settle();
+        wait_framed(frame.get());
     }
     ~Editor()
     {
