@@ -248,8 +248,10 @@ bool MDIForm1::command_enabled(const QString& command) const
     if (on_document.contains(command)) return has_document;
     if (command == "muInsertpage") return has_document && selected && !home_selected;
     if (command == "muOpenPage") return has_document && selected && is_page_image(selected->image);
-    if (command == "muUndo") return app.edit_state().undo_menu;
-    if (command == "muRedo") return app.edit_state().redo_menu;
+    // The entries follow the journal as the toolbar's buttons do: nothing to
+    // undo or redo, nothing to choose.
+    if (command == "muUndo") return app.edit_state().undo_menu && app.edit_state().undo_button;
+    if (command == "muRedo") return app.edit_state().redo_menu && app.edit_state().redo_button;
     if (command == "muCut" || command == "muDelete" || command == "label")
         return has_document && !home_selected && installed(command == "muCut"      ? &TreeCommands::cut
                                                            : command == "muDelete" ? &TreeCommands::remove

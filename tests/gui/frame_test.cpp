@@ -147,6 +147,25 @@ private Q_SLOTS:
         QVERIFY(f.frame->button("help")->isEnabled());
     }
 
+    void undo_and_redo_entries_follow_the_journal_as_their_buttons_do()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        const auto states = [&f] {
+            f.frame->update_commands();
+            return QList<bool>{f.frame->entry("muUndo")->isEnabled(), f.frame->button("undo")->isEnabled(),
+                               f.frame->entry("muRedo")->isEnabled(), f.frame->button("redo")->isEnabled()};
+        };
+        // Nothing to undo or redo.
+        QCOMPARE(states(), (QList<bool>{false, false, false, false}));
+        f.frame->entry("muInsertdevice")->trigger();
+        QCOMPARE(states(), (QList<bool>{true, true, false, false}));
+        f.frame->entry("muUndo")->trigger();
+        QCOMPARE(states(), (QList<bool>{false, false, true, true}));
+        f.frame->entry("muRedo")->trigger();
+        QCOMPARE(states(), (QList<bool>{true, true, false, false}));
+    }
+
     void new_opens_a_document_window_in_a_slot()
     {
         FrameFixture f;
