@@ -78,9 +78,24 @@ void MDIForm1::document_views_hidden(int document)
 {
     mainform* form = document_window(document);
     if (!form) return;
+    hidden_views_.clear();
     for (Remote* page : page_windows(form->slot()))
-        if (page->parentWidget()) page->parentWidget()->hide();
-    if (properties_) properties_->hide();
+        if (QWidget* sub = page->parentWidget(); sub && sub->isVisible()) {
+            hidden_views_.push_back(sub);
+            sub->hide();
+        }
+    if (properties_ && properties_->isVisible()) {
+        hidden_views_.push_back(properties_);
+        properties_->hide();
+    }
+}
+
+void MDIForm1::document_views_restored(int)
+{
+    // Back where they were: a hidden window keeps its place and size.
+    for (const QPointer<QWidget>& view : hidden_views_)
+        if (view) view->show();
+    hidden_views_.clear();
 }
 
 void MDIForm1::document_closed(int slot)

@@ -76,6 +76,7 @@ public:
     void document_opened(int document) override;
     void document_retitled(int document) override;
     void document_views_hidden(int document) override;
+    void document_views_restored(int document) override;
     void document_closed(int slot) override;
     void active_document_changed() override;
     void tree_changed(int slot) override;
@@ -122,6 +123,8 @@ private:
     std::map<QString, std::function<void()>> commands_;
     std::vector<mainform*> windows_;  // in the order of app.documents()
     bool syncing_ = false;
+    // The windows hidden for a close question, to come back if the close is refused.
+    std::vector<QPointer<QWidget>> hidden_views_;
     // The first window opened by the command that runs, to be scrolled into view.
     QPointer<QMdiSubWindow> scroll_target_;
 };

@@ -8,6 +8,7 @@
 #include "gui_support.h"
 #include "views/glyph_font.h"
 #include "views/mainform.h"
+#include "views/properties_window.h"
 #include "views/remote.h"
 
 using namespace tesselo;
@@ -119,6 +120,26 @@ private Q_SLOTS:
         QTRY_COMPARE(f.frame->area()->subWindowList().size(), 0);
         const auto log = f.test.log_lines();
         QVERIFY(std::find(log.begin(), log.end(), "\"close page HOME1\\PAGE1\"") != log.end());
+    }
+
+    void cancel_at_the_close_question_brings_the_page_windows_back_as_they_were()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        Remote* page = f.frame->open_page(0, "HOME1\\PAGE1");
+        QVERIFY(page);
+        QWidget* sub = page->parentWidget();
+        sub->move(420, 30);
+        const QRect where = sub->geometry();
+        f.frame->entry("muproperties")->trigger();
+        QVERIFY(f.frame->properties_window()->isVisible());
+        f.test.ui.queue_answer("cancel");
+        f.frame->entry("muClose")->trigger();
+        QCoreApplication::processEvents();
+        QCOMPARE(f.frame->page_windows().size(), std::size_t(1));
+        QVERIFY(sub->isVisible());
+        QCOMPARE(sub->geometry(), where);
+        QVERIFY(f.frame->properties_window()->isVisible());
     }
 
     void close_all_pages_leaves_the_document()

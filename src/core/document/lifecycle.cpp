@@ -117,11 +117,18 @@ bool close_document(Application& app, int document)
 
     const Answer answer = app.ui().ask(title_main, "Do you want to save the changes to " + name + "?",
                                        Buttons::yes_no_cancel, Icon::exclamation);
+    const auto views_back = [&app, document] {
+        app.notify([document](ApplicationListener& l) { l.document_views_restored(document); });
+    };
     // Cancel keeps the document open with its slot counted as free.
-    if (answer == Answer::cancel) return false;
+    if (answer == Answer::cancel) {
+        views_back();
+        return false;
+    }
     if (answer == Answer::yes && !muSaveas(app, document)) {
         // A Save As that was not carried out keeps the document, and its slot.
         app.slot_in_use[static_cast<std::size_t>(slot)] = 1;
+        views_back();
         return false;
     }
     clear_selection(app, slot);

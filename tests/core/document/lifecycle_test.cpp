@@ -230,6 +230,7 @@ struct ViewsListener : ApplicationListener {
     std::vector<std::string> events;
     void document_opened(int d) override { events.push_back("opened " + std::to_string(d)); }
     void document_views_hidden(int d) override { events.push_back("hidden " + std::to_string(d)); }
+    void document_views_restored(int d) override { events.push_back("restored " + std::to_string(d)); }
     void document_closed(int s) override { events.push_back("closed slot " + std::to_string(s)); }
     void document_retitled(int d) override { events.push_back("retitled " + std::to_string(d)); }
 };
@@ -243,6 +244,21 @@ TEST(CloseDocument, PageWindowsAreHiddenBeforeTheQuestion)
     t.ui.queue_answer("no");
     close_document(t.app, 0);
     EXPECT_EQ(views.events, (std::vector<std::string>{"opened 0", "hidden 0", "closed slot 0"}));
+    t.app.remove_listener(&views);
+}
+
+TEST(CloseDocument, ARefusedCloseBringsTheViewsBack)
+{
+    RecordingApp t;
+    ViewsListener views;
+    t.app.add_listener(&views);
+    muNew(t.app);
+    t.ui.queue_answer("cancel");
+    EXPECT_FALSE(close_document(t.app, 0));
+    // Yes, and then no file chosen: refused as well.
+    t.ui.queue_answer("yes");
+    EXPECT_FALSE(close_document(t.app, 0));
+    EXPECT_EQ(views.events, (std::vector<std::string>{"opened 0", "hidden 0", "restored 0", "hidden 0", "restored 0"}));
     t.app.remove_listener(&views);
 }
 
