@@ -61,6 +61,7 @@ MDIForm1::MDIForm1(Application& app, QWidget* parent) : QMainWindow(parent), app
     connect(area_, &QMdiArea::subWindowActivated, this, &MDIForm1::subwindow_activated);
 
     status_text_ = new QLabel(this);
+    status_text_->setObjectName("StatusText");
     progress_ = new QProgressBar(this);
     progress_->setObjectName("ProgressBar1");
     progress_->setMaximumWidth(220);

@@ -165,10 +165,16 @@ void QtUi::progress(int value, int maximum)
 
 void QtUi::wait_cursor(bool on)
 {
-    if (on)
+    if (on) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
-    else if (QApplication::overrideCursor())
-        QApplication::restoreOverrideCursor();
+        return;
+    }
+    if (!QApplication::overrideCursor()) return;
+    QApplication::restoreOverrideCursor();
+    // The work is done: the status line no longer says what runs, and the bar goes.
+    if (QApplication::overrideCursor()) return;
+    status("");
+    progress(0, 0);
 }
 
 void QtUi::repaint()

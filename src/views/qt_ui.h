@@ -15,7 +15,8 @@ class MDIForm1;
 
 // The Ui port on Qt: message boxes with the system's titles and icons, the
 // file dialogs, the wait cursor, and event processing for long loops. The
-// frame hands it its status line and progress bar.
+// frame hands it its status line and progress bar, which clear when the
+// wait cursor goes: the work they tell of is done.
 class QtUi final : public Ui {
 public:
     void set_parent(QWidget* parent) { parent_ = parent; }

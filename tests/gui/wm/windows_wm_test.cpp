@@ -4,6 +4,8 @@
 // Download and Upload window is painted before the first block goes.
 #include <QFont>
 #include <QFontMetrics>
+#include <QLabel>
+#include <QProgressBar>
 
 #include "views/download_window.h"
 #include "views/properties_window.h"
@@ -178,6 +180,27 @@ private Q_SLOTS:
                      qPrintable(QString("%1 wide for \"%2\"").arg(box.frame.width()).arg(box.title)));
             QVERIFY(screen_rect().contains(box.frame));
         }
+    }
+
+    void the_status_line_and_its_bar_clear_when_the_work_is_done()
+    {
+        Editor e;
+        BoxWatcher boxes;
+        e.frame->entry("muNew")->trigger();
+        const QString path = QString::fromStdString((e.home.path() / "kept.kcf").string());
+        e.app.set_title(0, path.toStdString());
+        auto* status = e.frame->findChild<QLabel*>("StatusText");
+        auto* bar = e.frame->findChild<QProgressBar*>("ProgressBar1");
+        QVERIFY(status && bar);
+        e.frame->entry("muSave")->trigger();
+        QVERIFY(QFile::exists(path));
+        e.frame->open_files({path});
+        QCOMPARE(e.app.documents().size(), std::size_t(2));
+        e.frame->entry("muDownload")->trigger();
+        settle();
+        save_screen("status_line_after_the_work");
+        QCOMPARE(status->text(), QString());
+        QVERIFY(!bar->isVisible());
     }
 
     void no_usb_device_is_the_same_box_in_download_and_upload()
