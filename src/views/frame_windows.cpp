@@ -7,8 +7,7 @@
 #include "core/document/lifecycle.h"
 #include "core/document/ui.h"
 #include "core/tree/page_windows.h"
-#include "core/keys/key_selection.h"
-#include "core/tree/selection.h"
+#include "core/keys/step_commands.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
 #include "views/artwork.h"
@@ -153,6 +152,7 @@ void MDIForm1::tree_changed(int slot)
 void MDIForm1::selection_changed(int slot)
 {
     if (mainform* form = document_window(app_.document_of_slot(slot))) form->show_selection();
+    for (Remote* page : page_windows()) page->update();
     if (properties_) properties_->refresh();
     update_commands();
 }
@@ -257,13 +257,10 @@ void MDIForm1::key_selected(Remote* window, int index)
     const int slot = window->slot();
     const int node = app_.tree(slot).find(window->caption().toStdString());
     if (node != 0) click_node(app_, slot, node);
-    TreeSelection& s = app_.selection();
-    s.selected_kind = TreeSelection::Kind::key;
-    KeySelection& k = app_.key_selection;
-    k.selected_index = index;
-    k.selected_row = is_side_button(index) ? side_button_row(index) * 3 : 0;
-    k.selected_left = is_side_button(index) && index % 2 == 0 ? 1 : 0;
+    select_key(app_, index);
     show_key_status(window, index);
+    // One selected key: the window that had it shows it no more.
+    for (Remote* page : page_windows()) page->update();
     update_commands();
 }
 

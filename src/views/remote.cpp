@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "core/app/application.h"
+#include "core/tree/selection.h"
 #include "views/artwork.h"
 #include "views/glyph_font.h"
 
@@ -125,10 +126,17 @@ QString Remote::device_text() const { return QString::fromStdString(device_name_
 
 int Remote::key_steps(int index) const { return key_step_count(app_.config(slot_), page_, index); }
 
+int Remote::selected_index() const
+{
+    const TreeSelection& s = app_.selection();
+    if (s.selected_kind != TreeSelection::Kind::key || s.slot != slot_ || s.node_key != caption().toStdString())
+        return -1;
+    return app_.key_selection.selected_index;
+}
+
 void Remote::select_key(int index)
 {
-    selected_ = index;
-    update();
+    // The frame makes it the application's selection and redraws every page window.
     Q_EMIT key_selected(this, index);
 }
 
@@ -152,10 +160,11 @@ void Remote::paintEvent(QPaintEvent*)
     const qreal rule = panel.top() + to_pixels(lcd_row_rect(1)).top() - 2;
     p.drawLine(QPointF(panel.left() + 3, rule), QPointF(panel.right() - 3, rule));
 
+    const int selected = selected_index();
     for (int i = 0; i < key_picture_count; ++i) {
         KeyState state = KeyState::normal;
         if (i == pressed_) state = KeyState::pressed;
-        else if (i == selected_) state = KeyState::selected;
+        else if (i == selected) state = KeyState::selected;
         else if (i == hover_) state = KeyState::hover;
         draw_key_picture(p, picture_rect(i), i, state);
         const int key = check_hardkeyindex(i);

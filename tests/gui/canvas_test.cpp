@@ -122,6 +122,30 @@ private Q_SLOTS:
         QVERIFY(std::find(log.begin(), log.end(), "\"close page HOME1\\PAGE1\"") != log.end());
     }
 
+    void one_key_is_selected_in_all_page_windows()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        Remote* home = f.frame->open_page(0, "HOME1\\PAGE1");
+        Remote* device = f.frame->open_page(0, "DEVICE11\\PAGE1");
+        QVERIFY(home && device);
+        QTest::mouseClick(home, Qt::LeftButton, {}, home->picture_rect(5).center().toPoint());
+        QCOMPARE(home->selected_index(), 5);
+        QCOMPARE(device->selected_index(), -1);
+        // The click is the application's key selection, whole: a soft key on row 1.
+        QCOMPARE(f.test.app.key_selection.selected_kind, kind_soft);
+        QCOMPARE(f.test.app.key_selection.selected_row, 3);
+        QTest::mouseClick(device, Qt::LeftButton, {}, device->picture_rect(33).center().toPoint());
+        QCOMPARE(device->selected_index(), 33);
+        QCOMPARE(home->selected_index(), -1);
+        save_screenshot(f.frame.get(), "one_selected_key");
+        // A click in the tree moves the selection off the keys.
+        QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11"));
+        QCOMPARE(device->selected_index(), -1);
+        QCOMPARE(home->selected_index(), -1);
+    }
+
     void cancel_at_the_close_question_brings_the_page_windows_back_as_they_were()
     {
         FrameFixture f;
