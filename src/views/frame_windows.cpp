@@ -7,13 +7,16 @@
 #include "core/document/lifecycle.h"
 #include "core/document/ui.h"
 #include "core/tree/page_windows.h"
+#include "core/keys/key_selection.h"
 #include "core/keys/step_commands.h"
+#include "core/tree/selection.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
 #include "views/artwork.h"
 #include "views/mainform.h"
 #include "views/mdi_form1.h"
 #include "views/properties_window.h"
+#include "views/edit_ir_form.h"
 #include "views/remote.h"
 #include "views/window_placement.h"
 
@@ -153,19 +156,36 @@ void MDIForm1::selection_changed(int slot)
 {
     if (mainform* form = document_window(app_.document_of_slot(slot))) form->show_selection();
     for (Remote* page : page_windows()) page->update();
-    if (properties_) properties_->refresh();
+    if (properties_) properties_->selection_moved();
     update_commands();
 }
 
 void MDIForm1::edit_states_changed() { update_commands(); }
 
-void MDIForm1::properties_requested()
+properties* MDIForm1::ensure_properties()
 {
     if (!properties_) {
         properties_ = new properties(app_, this);
+        connect(properties_, &properties::data_changed, this, &MDIForm1::update_commands);
     }
-    properties_->refresh();
+    return properties_;
+}
+
+void MDIForm1::properties_requested()
+{
+    ensure_properties()->selection_moved();
     show_placed(properties_, this, Placement::beside_frame);
+}
+
+void MDIForm1::label_requested()
+{
+    ensure_properties()->show_label();
+    show_placed(properties_, this, Placement::beside_frame);
+}
+
+void MDIForm1::page_key_changed(int slot, const std::string& caption, int picture)
+{
+    if (Remote* page = page_window(slot, QString::fromStdString(caption))) page->refresh_key(picture);
 }
 
 void MDIForm1::page_window_opened(int slot, const std::string& caption)
@@ -191,6 +211,7 @@ void MDIForm1::page_window_opened(int slot, const std::string& caption)
     sub->setWindowIcon(tree_picture("tv"));
     connect(page, &Remote::key_hovered, this, &MDIForm1::show_key_status);
     connect(page, &Remote::key_selected, this, &MDIForm1::key_selected);
+    connect(page, &Remote::key_double_clicked, this, &MDIForm1::add_ir_code);
     connect(page, &Remote::closed, this, &MDIForm1::page_window_closed_by_user);
     sub->adjustSize();
     place_new_window(sub);
@@ -261,6 +282,27 @@ void MDIForm1::key_selected(Remote* window, int index)
     show_key_status(window, index);
     // One selected key: the window that had it shows it no more.
     for (Remote* page : page_windows()) page->update();
+    // The key is loaded into the properties window, which shows itself by the
+    // frame without taking the keyboard from the page.
+    properties* shown = ensure_properties();
+    shown->selection_moved();
+    if (!shown->isVisible()) {
+        shown->setAttribute(Qt::WA_ShowWithoutActivating);
+        show_placed(shown, this, Placement::beside_frame);
+    }
+    update_commands();
+}
+
+void MDIForm1::add_ir_code(Remote* window, int index)
+{
+    key_selected(window, index);
+    tesselo::select_key(app_, index);
+    const std::string caption = window->caption().toStdString();
+    EditIRForm form(app_, KeyTarget{window->slot(), caption}, this);
+    if (form.exec() != QDialog::Accepted) return;
+    page_window_changed(window->slot(), caption);
+    show_key_status(window, index);
+    if (properties_) properties_->refresh();
     update_commands();
 }
 

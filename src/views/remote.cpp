@@ -115,6 +115,16 @@ bool Remote::refresh(const QString& counter)
     return true;
 }
 
+void Remote::refresh_key(int index)
+{
+    if (is_side_button(index)) {
+        const auto row = static_cast<std::size_t>(side_button_row(index));
+        labelRichText1[row]->set_row(lcd_page_rows(app_.config(slot_), page_)[row]);
+    } else if (index >= 0 && index < key_picture_count) {
+        update(picture_rect(index).toAlignedRect().adjusted(-2, -2, 2, 2));
+    }
+}
+
 QString Remote::pagelabel_text() const { return pagelabel->text(); }
 
 QString Remote::key_text(int index) const
@@ -201,6 +211,13 @@ void Remote::mouseReleaseEvent(QMouseEvent*)
 {
     pressed_ = -1;
     update();
+}
+
+void Remote::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const int index = picture_at(event->position());
+    if (index < 0) return;
+    Q_EMIT key_double_clicked(this, index);
 }
 
 void Remote::leaveEvent(QEvent*)

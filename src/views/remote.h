@@ -57,6 +57,9 @@ public:
     int picture_at(const QPointF& point) const;
     QRectF picture_rect(int index) const;
     void select_key(int index);
+    // One key drawn again from the tables: a side button's LCD row box, or a
+    // hard key's picture.
+    void refresh_key(int index);
 
     // Plain-text label of a key, the device's name, and the key's step count.
     QString key_text(int index) const;
@@ -66,6 +69,8 @@ public:
 Q_SIGNALS:
     void key_hovered(Remote* window, int index);
     void key_selected(Remote* window, int index);
+    // A double click on a key: its Add IR Code dialog.
+    void key_double_clicked(Remote* window, int index);
     void closed(Remote* window);
 
 protected:
@@ -73,6 +78,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 

@@ -5,6 +5,7 @@
 #include "core/document/clock.h"
 #include "core/document/log.h"
 #include "core/image/open_state.h"
+#include "core/ir/my_database_store.h"
 #include "core/tree/edit_state.h"
 #include "core/tree/journal.h"
 #include "core/tree/page_windows.h"
@@ -12,6 +13,7 @@
 #include "core/tree/tree_commands.h"
 #include "core/tree/tree_model.h"
 #include "core/link/download.h"
+#include "core/keys/properties_content.h"
 
 namespace tesselo {
 
@@ -27,6 +29,8 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesyst
     tree_commands_ = std::make_unique<TreeCommands>();
     open_state_ = std::make_unique<OpenState>();
     // Saving in download mode sends the image to the remote before the file is written.
+    // The Label command brings the properties window's Label tab forward.
+    tree_commands_->label = labelproperties;
     download_hook = [this](std::vector<std::uint8_t>& image, std::size_t length) {
         download_image(*this, image, length);
     };
@@ -92,6 +96,15 @@ void Application::remove_listener(ApplicationListener* listener)
 void Application::write_log(const std::string& text)
 {
     append_log_line(home_ / log_file_name(clock_.local_time()), text);
+}
+
+MyDatabaseStore& Application::my_database()
+{
+    if (!my_database_) {
+        my_database_ = std::make_unique<MyDatabaseStore>(home_);
+        my_database_->load();
+    }
+    return *my_database_;
 }
 
 }  // namespace tesselo

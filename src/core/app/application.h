@@ -27,6 +27,7 @@ struct TreeSelection;
 struct EditState;
 struct TreeCommands;
 struct OpenState;
+class MyDatabaseStore;
 
 // An open document window (a mainform): the slot its tables live in (its tag)
 // and its title, "Untitled" and a number, or the file's path.
@@ -61,10 +62,15 @@ public:
     // A Remote window is to be drawn again from the tables: its 12 key places,
     // its label texts and its page counter (pagelabel).
     virtual void page_window_changed(int /*slot*/, const std::string& /*caption*/) {}
+    // One key of a Remote window is to be drawn again: for a side button its
+    // LCD row box alone, for a hard key its picture.
+    virtual void page_key_changed(int /*slot*/, const std::string& /*caption*/, int /*picture*/) {}
     // The enable states of Undo, Redo and Paste changed (app.edit_state()).
     virtual void edit_states_changed() {}
     // The properties window is to be shown as a child of the frame.
     virtual void properties_requested() {}
+    // The properties window is to be shown with its Label tab forward.
+    virtual void label_requested() {}
 };
 
 // The one application object: ten document slots with their tables, the open
@@ -94,6 +100,9 @@ public:
     PageWindows& page_windows() { return *page_windows_; }
     TreeCommands& tree_commands() { return *tree_commands_; }
     OpenState& open_state() { return *open_state_; }
+    // My Database, read from the home folder on first use (the frame reads it
+    // at start); its files are created when they are missing.
+    MyDatabaseStore& my_database();
 
     // One byte per slot: 0 free, 1 in use.
     std::array<std::uint8_t, document_slots> slot_in_use{};
@@ -155,6 +164,7 @@ private:
     std::unique_ptr<PageWindows> page_windows_;
     std::unique_ptr<TreeCommands> tree_commands_;
     std::unique_ptr<OpenState> open_state_;
+    std::unique_ptr<MyDatabaseStore> my_database_;
     std::vector<Document> documents_;
     int active_ = -1;
     std::vector<ApplicationListener*> listeners_;
