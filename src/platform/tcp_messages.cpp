@@ -20,14 +20,25 @@ std::vector<std::uint8_t> frame_message(const std::uint8_t* data, std::size_t co
     return m;
 }
 
+std::vector<std::uint8_t> verdict_message(bool taken)
+{
+    const std::uint16_t v = taken ? verdict_taken : verdict_stalled;
+    return {static_cast<std::uint8_t>(v >> 8), static_cast<std::uint8_t>(v & 0xFF)};
+}
+
 void MessageReader::feed(const std::uint8_t* data, std::size_t count) { buffer_.insert(buffer_.end(), data, data + count); }
 
-std::optional<std::vector<std::uint8_t>> MessageReader::next()
+std::optional<Message> MessageReader::next()
 {
     if (buffer_.size() < 2) return std::nullopt;
     const std::size_t length = static_cast<std::size_t>(buffer_[0]) * 256 + buffer_[1];
+    if (length == verdict_taken || length == verdict_stalled) {
+        buffer_.erase(buffer_.begin(), buffer_.begin() + 2);
+        return Message{length == verdict_taken ? Message::Kind::taken : Message::Kind::stalled, {}};
+    }
     if (buffer_.size() < 2 + length) return std::nullopt;
-    std::vector<std::uint8_t> message(buffer_.begin() + 2, buffer_.begin() + 2 + static_cast<std::ptrdiff_t>(length));
+    Message message{Message::Kind::transfer,
+                    {buffer_.begin() + 2, buffer_.begin() + 2 + static_cast<std::ptrdiff_t>(length)}};
     buffer_.erase(buffer_.begin(), buffer_.begin() + 2 + static_cast<std::ptrdiff_t>(length));
     return message;
 }

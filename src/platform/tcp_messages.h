@@ -12,12 +12,26 @@ namespace tesselo {
 // high byte first, then that many bytes.
 std::vector<std::uint8_t> frame_message(const std::uint8_t* data, std::size_t count);
 
+// The remote's verdict on each transfer of the host, sent as two bytes of a
+// length that no transfer has, with nothing behind: the transfer was taken,
+// or it stalled as on a bus, where the host's write then times out.
+inline constexpr std::uint16_t verdict_taken = 0xFFFF;
+inline constexpr std::uint16_t verdict_stalled = 0xFFFE;
+std::vector<std::uint8_t> verdict_message(bool taken);
+
+// A whole message: a transfer with its bytes, or a verdict.
+struct Message {
+    enum class Kind { transfer, taken, stalled };
+    Kind kind = Kind::transfer;
+    std::vector<std::uint8_t> bytes;
+};
+
 // Collects bytes as they arrive and gives back whole messages.
 class MessageReader {
 public:
     void feed(const std::uint8_t* data, std::size_t count);
     // The next whole message, or nothing while it is still incomplete.
-    std::optional<std::vector<std::uint8_t>> next();
+    std::optional<Message> next();
 
 private:
     std::vector<std::uint8_t> buffer_;

@@ -1,19 +1,6 @@
 #include "usb/libusb_transport.h"
 
-#include <algorithm>
-
 namespace tesselo::usb {
-
-namespace {
-
-// Room for the longest transfer, in whole packets, so that a device never overflows it.
-std::size_t read_room(std::size_t to_read, std::uint16_t packet)
-{
-    const std::size_t p = packet == 0 ? 64 : packet;
-    return ((std::max<std::size_t>(to_read, 4105) + p - 1) / p) * p;
-}
-
-}  // namespace
 
 LibusbTransport::LibusbTransport()
 {
@@ -64,6 +51,12 @@ bool LibusbTransport::open(const std::string& path)
         }
         handle_ = handle;
         pipes_ = *pipes;
+        bulk_.emplace(pipes_, BulkCalls{[handle](std::uint8_t endpoint, std::uint8_t* data, int length, int* transferred,
+                                                 unsigned timeout_ms) {
+                                            return libusb_bulk_transfer(handle, endpoint, data, length, transferred,
+                                                                        timeout_ms);
+                                        },
+                                        [handle](std::uint8_t endpoint) { return libusb_clear_halt(handle, endpoint); }});
     }
     if (list) libusb_free_device_list(list, 1);
     return handle_ != nullptr;
@@ -76,37 +69,19 @@ void LibusbTransport::close()
         libusb_close(handle_);
     }
     handle_ = nullptr;
-    rest_.clear();
+    bulk_.reset();
 }
 
 int LibusbTransport::read(std::uint8_t* buffer, std::size_t to_read, std::uint32_t timeout_ms)
 {
-    if (!handle_) return 0;
-    if (rest_.empty()) {
-        std::vector<std::uint8_t> room(read_room(to_read, pipes_.in_packet_size));
-        int transferred = 0;
-        const int rc = libusb_bulk_transfer(handle_, pipes_.pipe01, room.data(), static_cast<int>(room.size()),
-                                            &transferred, timeout_ms);
-        const int result = read_result(rc, transferred);
-        if (result <= 0) return result;
-        rest_.assign(room.begin(), room.begin() + result);
-    }
-    const std::size_t n = std::min(to_read, rest_.size());
-    std::copy_n(rest_.begin(), n, buffer);
-    rest_.erase(rest_.begin(), rest_.begin() + static_cast<std::ptrdiff_t>(n));
-    return static_cast<int>(n);
+    return bulk_ ? bulk_->read(buffer, to_read, timeout_ms) : 0;
 }
 
 int LibusbTransport::write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written,
                            std::uint32_t timeout_ms)
 {
     written = 0;
-    if (!handle_) return 0;
-    int transferred = 0;
-    const int rc = libusb_bulk_transfer(handle_, pipes_.pipe00, const_cast<std::uint8_t*>(buffer),
-                                        static_cast<int>(to_write), &transferred, timeout_ms);
-    written = static_cast<std::size_t>(std::max(transferred, 0));
-    return write_result(rc);
+    return bulk_ ? bulk_->write(buffer, to_write, written, timeout_ms) : 0;
 }
 
 }  // namespace tesselo::usb

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <libusb.h>
 
 #include "core/link/transport.h"
+#include "usb/bulk_pipes.h"
 #include "usb/usb_matching.h"
 
 namespace tesselo::usb {
@@ -23,8 +25,9 @@ public:
     std::vector<std::string> device_paths() override;
     bool open(const std::string& path) override;
     void close() override;
-    int read_pipe() const override { return handle_ ? pipes_.pipe01 : -1; }
-    int write_pipe() const override { return handle_ ? pipes_.pipe00 : -1; }
+    // -1 while closed, and once the remote has left the bus.
+    int read_pipe() const override { return bulk_ && !bulk_->gone() ? pipes_.pipe01 : -1; }
+    int write_pipe() const override { return bulk_ && !bulk_->gone() ? pipes_.pipe00 : -1; }
     int read(std::uint8_t* buffer, std::size_t to_read, std::uint32_t timeout_ms) override;
     int write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written,
               std::uint32_t timeout_ms) override;
@@ -33,8 +36,7 @@ private:
     libusb_context* context_ = nullptr;
     libusb_device_handle* handle_ = nullptr;
     Pipes pipes_;
-    // What is left of a transfer longer than the last read asked for.
-    std::vector<std::uint8_t> rest_;
+    std::optional<BulkPipes> bulk_;
 };
 
 }  // namespace tesselo::usb

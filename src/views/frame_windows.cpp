@@ -18,6 +18,7 @@
 #include "views/properties_window.h"
 #include "views/edit_ir_form.h"
 #include "views/remote.h"
+#include "views/window_placement.h"
 
 namespace tesselo {
 
@@ -57,7 +58,6 @@ void MDIForm1::document_opened(int document)
     form->setWindowTitle(QString::fromStdString(doc.title));
     form->setWindowIcon(tree_picture("home"));
     QMdiSubWindow* sub = area_->addSubWindow(form);
-    sub->resize(300, 460);
     windows_.insert(windows_.begin() + document, form);
     connect(form, &mainform::close_requested, this, [this](mainform* window) {
         close_document(app_, document_index(window));
@@ -65,6 +65,7 @@ void MDIForm1::document_opened(int document)
     });
     connect(form, &mainform::commands_changed, this, &MDIForm1::update_commands);
     form->rebuild_tree();
+    place_new_window(sub);
     sub->show();
     update_commands();
 }
@@ -79,9 +80,24 @@ void MDIForm1::document_views_hidden(int document)
 {
     mainform* form = document_window(document);
     if (!form) return;
+    hidden_views_.clear();
     for (Remote* page : page_windows(form->slot()))
-        if (page->parentWidget()) page->parentWidget()->hide();
-    if (properties_) properties_->hide();
+        if (QWidget* sub = page->parentWidget(); sub && sub->isVisible()) {
+            hidden_views_.push_back(sub);
+            sub->hide();
+        }
+    if (properties_ && properties_->isVisible()) {
+        hidden_views_.push_back(properties_);
+        properties_->hide();
+    }
+}
+
+void MDIForm1::document_views_restored(int)
+{
+    // Back where they were: a hidden window keeps its place and size.
+    for (const QPointer<QWidget>& view : hidden_views_)
+        if (view) view->show();
+    hidden_views_.clear();
 }
 
 void MDIForm1::document_closed(int slot)
@@ -139,6 +155,7 @@ void MDIForm1::tree_changed(int slot)
 void MDIForm1::selection_changed(int slot)
 {
     if (mainform* form = document_window(app_.document_of_slot(slot))) form->show_selection();
+    for (Remote* page : page_windows()) page->update();
     if (properties_) properties_->selection_moved();
     update_commands();
 }
@@ -157,15 +174,13 @@ properties* MDIForm1::ensure_properties()
 void MDIForm1::properties_requested()
 {
     ensure_properties()->selection_moved();
-    properties_->show();
-    properties_->raise();
+    show_placed(properties_, this, Placement::beside_frame);
 }
 
 void MDIForm1::label_requested()
 {
     ensure_properties()->show_label();
-    properties_->show();
-    properties_->raise();
+    show_placed(properties_, this, Placement::beside_frame);
 }
 
 void MDIForm1::page_key_changed(int slot, const std::string& caption, int picture)
@@ -198,6 +213,8 @@ void MDIForm1::page_window_opened(int slot, const std::string& caption)
     connect(page, &Remote::key_selected, this, &MDIForm1::key_selected);
     connect(page, &Remote::key_double_clicked, this, &MDIForm1::add_ir_code);
     connect(page, &Remote::closed, this, &MDIForm1::page_window_closed_by_user);
+    sub->adjustSize();
+    place_new_window(sub);
     sub->show();
     update_commands();
 }
@@ -263,13 +280,15 @@ void MDIForm1::key_selected(Remote* window, int index)
     if (node != 0) click_node(app_, slot, node);
     select_key(app_, index);
     show_key_status(window, index);
-    // The key is loaded into the properties window, which shows itself
-    // beside the page without taking the keyboard from it.
+    // One selected key: the window that had it shows it no more.
+    for (Remote* page : page_windows()) page->update();
+    // The key is loaded into the properties window, which shows itself by the
+    // frame without taking the keyboard from the page.
     properties* shown = ensure_properties();
     shown->selection_moved();
     if (!shown->isVisible()) {
         shown->setAttribute(Qt::WA_ShowWithoutActivating);
-        shown->show();
+        show_placed(shown, this, Placement::beside_frame);
     }
     update_commands();
 }

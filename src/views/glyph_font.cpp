@@ -1,8 +1,10 @@
 #include "views/glyph_font.h"
 
 #include <algorithm>
+#include <cmath>
 #include <unordered_map>
 
+#include <QPaintDevice>
 #include <QPainter>
 
 #include "core/keys/char_pic_list.h"
@@ -111,6 +113,14 @@ void draw_glyphs(QPainter& painter, const QRectF& box, const KeyLabel& label, in
     if (alignment == align_left) x = box.left() + dot;
     if (alignment == align_right) x = box.right() - width - dot;
     const qreal y = box.top() + (box.height() - glyph_height * dot) / 2;
+    // A dot of a pixel or more is laid on whole device pixels: an aliased
+    // painter rounds a dot that straddles two pixels, and at a half-pixel
+    // offset it rounds it away, so a whole label could vanish. Smaller dots
+    // are left to the antialiasing of the painter.
+    const qreal ratio = painter.device() ? painter.device()->devicePixelRatioF() : 1.0;
+    const bool on_pixels = dot * ratio >= 1.0;
+    const auto snap = [ratio, on_pixels](qreal v) { return on_pixels ? std::round(v * ratio) / ratio : v; };
+    const qreal size = on_pixels ? std::max(1.0, std::round(dot * 0.92 * ratio)) / ratio : dot * 0.92;
     painter.save();
     painter.setPen(Qt::NoPen);
     painter.setBrush(ink);
@@ -119,7 +129,7 @@ void draw_glyphs(QPainter& painter, const QRectF& box, const KeyLabel& label, in
         for (int r = 0; r < glyph_height; ++r)
             for (int c = 0; c < glyph_width; ++c)
                 if (bits[static_cast<std::size_t>(r)] & (0x10 >> c))
-                    painter.drawRect(QRectF(x + (i * glyph_advance + c) * dot, y + r * dot, dot * 0.92, dot * 0.92));
+                    painter.drawRect(QRectF(snap(x + (i * glyph_advance + c) * dot), snap(y + r * dot), size, size));
     }
     painter.restore();
 }

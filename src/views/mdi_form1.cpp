@@ -63,6 +63,7 @@ MDIForm1::MDIForm1(Application& app, QWidget* parent) : QMainWindow(parent), app
     connect(area_, &QMdiArea::subWindowActivated, this, &MDIForm1::subwindow_activated);
 
     status_text_ = new QLabel(this);
+    status_text_->setObjectName("StatusText");
     progress_ = new QProgressBar(this);
     progress_->setObjectName("ProgressBar1");
     progress_->setMaximumWidth(220);
@@ -75,7 +76,7 @@ MDIForm1::MDIForm1(Application& app, QWidget* parent) : QMainWindow(parent), app
     build_menus();
     build_toolbar();
     app_.add_listener(this);
-    resize(1024, 720);
+    size_from_screen();
     update_commands();
 }
 
@@ -127,21 +128,9 @@ void MDIForm1::register_commands()
         if (const Document* doc = app_.active()) close_pages(doc->slot);
     };
     commands_["muSimulator"] = [this] { muSimulator(app_); };
-    commands_["muCascade"] = [this] { area_->cascadeSubWindows(); };
-    commands_["muTileHor"] = [this] {
-        // One above the other, each the width of the frame.
-        const auto windows = area_->subWindowList();
-        const int height = windows.isEmpty() ? 0 : area_->viewport()->height() / int(windows.size());
-        for (int i = 0; i < windows.size(); ++i)
-            windows[i]->setGeometry(0, i * height, area_->viewport()->width(), height);
-    };
-    commands_["muTileVer"] = [this] {
-        // Side by side, each the height of the frame.
-        const auto windows = area_->subWindowList();
-        const int width = windows.isEmpty() ? 0 : area_->viewport()->width() / int(windows.size());
-        for (int i = 0; i < windows.size(); ++i)
-            windows[i]->setGeometry(i * width, 0, width, area_->viewport()->height());
-    };
+    commands_["muCascade"] = [this] { arrange(Arrangement::cascade); };
+    commands_["muTileHor"] = [this] { arrange(Arrangement::tile_horizontally); };
+    commands_["muTileVer"] = [this] { arrange(Arrangement::tile_vertically); };
     commands_["muAbout"] = [this] { muAbout_Click(); };
     commands_["help"] = [this] { open_pdf(app_); };
     commands_["muDownload"] = [this] { muDownload_Click(app_); };
@@ -269,8 +258,10 @@ bool MDIForm1::command_enabled(const QString& command) const
     if (on_document.contains(command)) return has_document;
     if (command == "muInsertpage") return has_document && selected && !home_selected;
     if (command == "muOpenPage") return has_document && selected && is_page_image(selected->image);
-    if (command == "muUndo") return app.edit_state().undo_menu;
-    if (command == "muRedo") return app.edit_state().redo_menu;
+    // The entries follow the journal as the toolbar's buttons do: nothing to
+    // undo or redo, nothing to choose.
+    if (command == "muUndo") return app.edit_state().undo_menu && app.edit_state().undo_button;
+    if (command == "muRedo") return app.edit_state().redo_menu && app.edit_state().redo_button;
     if (const auto key = edit_command_of_key(command)) return *key;
     if (command == "muCut" || command == "muDelete" || command == "label")
         return has_document && !home_selected && installed(command == "muCut"      ? &TreeCommands::cut

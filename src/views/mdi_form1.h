@@ -7,6 +7,8 @@
 
 #include <QHash>
 #include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QPointer>
 #include <QStringList>
 
 #include "core/app/application.h"
@@ -15,7 +17,6 @@
 class QAction;
 class QLabel;
 class QMdiArea;
-class QMdiSubWindow;
 class QMenu;
 class QProgressBar;
 class QToolBar;
@@ -65,6 +66,10 @@ public:
     void set_status(const QString& text);
     void set_progress(int value, int maximum);
 
+    // The frame's windows as the Window menu arranges them.
+    enum class Arrangement { cascade, tile_horizontally, tile_vertically };
+    void arrange(Arrangement how);
+
     // Hands over files given to a second start of the program.
     void open_files(const QStringList& paths);
     // Brings the frame to the front.
@@ -74,6 +79,7 @@ public:
     void document_opened(int document) override;
     void document_retitled(int document) override;
     void document_views_hidden(int document) override;
+    void document_views_restored(int document) override;
     void document_closed(int slot) override;
     void active_document_changed() override;
     void tree_changed(int slot) override;
@@ -106,6 +112,10 @@ private:
     // Add IR Code for the key at picture `index` of a page window.
     void add_ir_code(Remote* window, int index);
     void page_window_closed_by_user(Remote* page);
+    // Sizes the frame from its screen: room for a document and page windows.
+    void size_from_screen();
+    // Puts a new window of the workspace in a free spot, and scrolls to it.
+    void place_new_window(QMdiSubWindow* sub);
     // The active document's slot and its tree's selected node (0 for none).
     std::pair<int, int> selected_node() const;
     void muAbout_Click();
@@ -122,6 +132,10 @@ private:
     std::map<QString, std::function<void()>> commands_;
     std::vector<mainform*> windows_;  // in the order of app.documents()
     bool syncing_ = false;
+    // The windows hidden for a close question, to come back if the close is refused.
+    std::vector<QPointer<QWidget>> hidden_views_;
+    // The first window opened by the command that runs, to be scrolled into view.
+    QPointer<QMdiSubWindow> scroll_target_;
 };
 
 // The frame command a toolbar key stands for ("open" is "muOpen", ...).

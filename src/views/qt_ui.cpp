@@ -2,8 +2,15 @@
 
 #include "views/download_window.h"
 #include "views/error_window.h"
+#include "views/mdi_form1.h"
+#include "views/window_placement.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QGridLayout>
+#include <QSpacerItem>
+#include <QThread>
+#include <QWindow>
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -40,6 +47,35 @@ QMessageBox::StandardButtons qt_buttons(Buttons buttons)
 
 QString q(const std::string& text) { return QString::fromStdString(text); }
 
+// A box is made wide enough for its title, so that the window manager need
+// not cut it ("Ke...o 3"): room for the title in a bold face, with the
+// window's icon and three buttons of the title bar beside it.
+void fit_title(QMessageBox& box)
+{
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int wanted = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) * 5 / 4 + 120;
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(wanted, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
+                      grid->columnCount());
+}
+
+// Waits, with the user's input held back, until the window manager has put
+// `window` on the screen, for at most a second, and paints it there: an
+// exchange that follows blocks the program and paints nothing.
+void paint_on_screen(QWidget* window)
+{
+    QElapsedTimer waited;
+    waited.start();
+    const QWindow* handle = window->windowHandle();
+    while (handle && !handle->isExposed() && waited.elapsed() < 1000) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+        if (!handle->isExposed()) QThread::msleep(5);
+    }
+    window->repaint();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 }  // namespace
 
 QString qt_file_filter(const std::string& filter)
@@ -52,10 +88,19 @@ QString qt_file_filter(const std::string& filter)
     return names.join(";;");
 }
 
+void attach_frame(QtUi& ui, MDIForm1& frame)
+{
+    ui.set_parent(&frame);
+    ui.set_commands_sink([&frame] { frame.update_commands(); });
+    ui.set_status_sink([&frame](const QString& text) { frame.set_status(text); });
+    ui.set_progress_sink([&frame](int value, int maximum) { frame.set_progress(value, maximum); });
+}
+
 void QtUi::message(const std::string& title, const std::string& text, Icon icon)
 {
     QMessageBox box(qt_icon(icon), q(title), q(text), QMessageBox::Ok, parent_);
     box.setObjectName("MsgBox");
+    fit_title(box);
     box.exec();
 }
 
@@ -63,6 +108,7 @@ Answer QtUi::ask(const std::string& title, const std::string& text, Buttons butt
 {
     QMessageBox box(qt_icon(icon), q(title), q(text), qt_buttons(buttons), parent_);
     box.setObjectName("MsgBox");
+    fit_title(box);
     switch (box.exec()) {
     case QMessageBox::Ok: return Answer::ok;
     case QMessageBox::Yes: return Answer::yes;
@@ -104,6 +150,7 @@ Answer QtUi::key_error(const std::string& text, const std::string& confirm)
     QMessageBox box(QMessageBox::Critical, "Key_error", q(text), QMessageBox::Ok | QMessageBox::Cancel, parent_);
     box.setObjectName("Key_error");
     box.setInformativeText(q(confirm));
+    fit_title(box);
     return box.exec() == QMessageBox::Ok ? Answer::ok : Answer::cancel;
 }
 
@@ -119,10 +166,16 @@ void QtUi::progress(int value, int maximum)
 
 void QtUi::wait_cursor(bool on)
 {
-    if (on)
+    if (on) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
-    else if (QApplication::overrideCursor())
-        QApplication::restoreOverrideCursor();
+        return;
+    }
+    if (!QApplication::overrideCursor()) return;
+    QApplication::restoreOverrideCursor();
+    // The work is done: the status line no longer says what runs, and the bar goes.
+    if (QApplication::overrideCursor()) return;
+    status("");
+    progress(0, 0);
 }
 
 void QtUi::repaint()
@@ -141,9 +194,8 @@ void QtUi::download_window_show(const std::string& caption, bool progress_bar)
     if (!download_) download_ = new Download(parent_);
     download_->set_caption(q(caption));
     download_->show_progress(progress_bar);
-    download_->show();
-    download_->raise();
-    download_->repaint();
+    show_placed(download_, parent_, Placement::centred_on_frame);
+    paint_on_screen(download_);
 }
 
 void QtUi::download_window_hide()

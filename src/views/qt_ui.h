@@ -11,10 +11,12 @@ class QWidget;
 namespace tesselo {
 
 class Download;
+class MDIForm1;
 
 // The Ui port on Qt: message boxes with the system's titles and icons, the
 // file dialogs, the wait cursor, and event processing for long loops. The
-// frame hands it its status line and progress bar.
+// frame hands it its status line and progress bar, which clear when the
+// wait cursor goes: the work they tell of is done.
 class QtUi final : public Ui {
 public:
     void set_parent(QWidget* parent) { parent_ = parent; }
@@ -55,6 +57,10 @@ private:
     Download* download_ = nullptr;
     std::string editir_status_;
 };
+
+// Gives the Ui port its frame: the parent of its boxes and windows, the status
+// line, the progress bar and the commands that follow an upload.
+void attach_frame(QtUi& ui, MDIForm1& frame);
 
 // "Data Config File (*.kcf)|*.kcf" in the form of Qt's file dialogs:
 // "Data Config File (*.kcf)", one filter a line.

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include "core/app/application.h"
+#include "core/tree/selection.h"
 #include "views/artwork.h"
 #include "views/glyph_font.h"
 
@@ -58,8 +59,7 @@ Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
     setProperty("Tag", tag_);
     setWindowTitle(QString::fromStdString(page_node_key(app.config(slot), page)));
     setMouseTracking(true);
-    const QRectF body = pixels(remote_body_rect());
-    setFixedSize(int(body.width() + 2 * margin), int(body.height() + 8));
+    setFixedSize(window_size());
     setAutoFillBackground(true);
     QPalette back = palette();
     back.setColor(QPalette::Window, QColor(0xE9, 0xEB, 0xEE));
@@ -79,6 +79,12 @@ Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
     pagelabel->setGeometry(to_pixels(pagelabel_rect()).toRect());
     pagelabel->setStyleSheet("color: #d8dde6; font-size: 9px; letter-spacing: 1px;");
     update_rows();
+}
+
+QSize Remote::window_size()
+{
+    const QRectF body = pixels(remote_body_rect());
+    return {int(body.width() + 2 * margin), int(body.height() + 8)};
 }
 
 QRectF Remote::to_pixels(const TwipRect& r) const { return pixels(r).translated(margin, 4); }
@@ -130,10 +136,17 @@ QString Remote::device_text() const { return QString::fromStdString(device_name_
 
 int Remote::key_steps(int index) const { return key_step_count(app_.config(slot_), page_, index); }
 
+int Remote::selected_index() const
+{
+    const TreeSelection& s = app_.selection();
+    if (s.selected_kind != TreeSelection::Kind::key || s.slot != slot_ || s.node_key != caption().toStdString())
+        return -1;
+    return app_.key_selection.selected_index;
+}
+
 void Remote::select_key(int index)
 {
-    selected_ = index;
-    update();
+    // The frame makes it the application's selection and redraws every page window.
     Q_EMIT key_selected(this, index);
 }
 
@@ -157,10 +170,11 @@ void Remote::paintEvent(QPaintEvent*)
     const qreal rule = panel.top() + to_pixels(lcd_row_rect(1)).top() - 2;
     p.drawLine(QPointF(panel.left() + 3, rule), QPointF(panel.right() - 3, rule));
 
+    const int selected = selected_index();
     for (int i = 0; i < key_picture_count; ++i) {
         KeyState state = KeyState::normal;
         if (i == pressed_) state = KeyState::pressed;
-        else if (i == selected_) state = KeyState::selected;
+        else if (i == selected) state = KeyState::selected;
         else if (i == hover_) state = KeyState::hover;
         draw_key_picture(p, picture_rect(i), i, state);
         const int key = check_hardkeyindex(i);

@@ -34,6 +34,8 @@ class Remote : public QWidget {
     Q_OBJECT
 public:
     Remote(Application& app, int slot, const PageRef& page, QWidget* parent = nullptr);
+    // The window's size: the whole remote, always.
+    static QSize window_size();
 
     int slot() const { return slot_; }
     const PageRef& page() const { return page_; }
@@ -47,7 +49,9 @@ public:
     void release() { released_ = true; }
     bool released() const { return released_; }
 
-    int selected_index() const { return selected_; }
+    // The selected key when it is on this window's page, else -1: there is
+    // one selected key in the program, held by the application.
+    int selected_index() const;
     int hover_index() const { return hover_; }
     // The picture at a point of the window, or -1.
     int picture_at(const QPointF& point) const;
@@ -86,7 +90,6 @@ private:
     int slot_;
     PageRef page_;
     QString tag_;
-    int selected_ = -1;
     int hover_ = -1;
     int pressed_ = -1;
     bool released_ = false;

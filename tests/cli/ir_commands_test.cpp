@@ -72,6 +72,10 @@ TEST(CliIrDecode, TheFormsAndUnknown)
     auto r = run_cli("ir decode 2 8010 0806 1F00 3F00 1F00 3F00 FC00");
     EXPECT_EQ(r.status, 0);
     EXPECT_EQ(r.out, "rc5 0 0\n");
+    // The words the rules do not read may be anything.
+    r = run_cli("ir decode 0002 8010 0806 1F00 3F00 1F00 3F00 FC01");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_EQ(r.out, "rc5 0 0\n");
     r = run_cli("ir decode 0x19 0 2C20 A939 5555 5550 5556 5559");
     EXPECT_EQ(r.out, "rc6a 32768 1 2\n");
     r = run_cli("ir decode 0019 C010 1C10 9535 5550 95C5 5550 9535 5550 95C5 5550 5556");
@@ -107,6 +111,15 @@ TEST_F(CliLibrary, CategoriesBrandsCodesetsKeysAndCode)
     EXPECT_NE(keys.find("\n11\tPOWER\n"), std::string::npos) << keys;
 }
 
+TEST(CliHome, ANewHomeFolderGetsTheDataBaseFolderBesideTheProgram)
+{
+    TempFolder parent;
+    const auto home = parent.path() / "new home";
+    const auto r = run_cli("--home " + shell_quote(home.string()) + " library brands tv");
+    EXPECT_EQ(r.status, 0);
+    EXPECT_TRUE(fs::exists(home / "Data base" / "5150LIb.bin"));
+}
+
 TEST_F(CliLibrary, RefusalsAndBadUsage)
 {
     EXPECT_EQ(run("library code tv999 0").status, 1);
@@ -114,7 +127,9 @@ TEST_F(CliLibrary, RefusalsAndBadUsage)
     EXPECT_EQ(run("library code tv000 x").status, 2);
     EXPECT_EQ(run("library brands nothing").status, 2);
     EXPECT_EQ(run("library shelves").status, 2);
+    // A Data base folder that holds no library.
     fs::remove_all(home.path() / "Data base");
+    fs::create_directories(home.path() / "Data base");
     EXPECT_EQ(run("library brands tv").status, 2);
 }
 

@@ -8,37 +8,12 @@
 #include "gui_support.h"
 #include "views/glyph_font.h"
 #include "views/mainform.h"
+#include "views/properties_window.h"
 #include "views/remote.h"
 
 using namespace tesselo;
 using namespace tesselo::testing;
 
-namespace {
-
-// Gives the first page of device row 1 four soft keys with labels, as the
-// label editor leaves them: NEWS left-aligned, MOVI centred with two steps,
-// the play, pause and stop signs on a left button, SPORT right-aligned.
-void label_first_page(Configuration& config, const std::string& page_key)
-{
-    DevicePage* page = nullptr;
-    for (auto& row : config.device_pages)
-        if (row.node_key == page_key) page = &row;
-    QVERIFY(page);
-    for (int entry = 0; entry < page_rows; ++entry)
-        if (config.page_table[static_cast<std::size_t>(entry)].node_key == page_key)
-            config.page_table[static_cast<std::size_t>(entry)].key_count = 5;
-    page->slots[1] = SoftKey{0, 1, 900, no_index, 0};
-    page->slots[2] = SoftKey{0, 2, 901, 7990, 0};
-    page->slots[3] = SoftKey{0, 130, 902, no_index, 0};
-    page->slots[4] = SoftKey{0, 4, 903, no_index, 0};
-    config.softkey_labels[900].bytes = {0x24, 14, 5, 23, 19};
-    config.softkey_labels[901].bytes = {0x04, 13, 15, 22, 9};
-    config.softkey_labels[902].bytes = {0x03, 76, 74, 75};
-    config.softkey_labels[903].bytes = {0x35, 19, 16, 15, 18, 20};
-    config.action_lists.entries[7990] = {0, 2};
-}
-
-}  // namespace
 
 class CanvasTest : public QObject {
     Q_OBJECT
@@ -145,6 +120,50 @@ private Q_SLOTS:
         QTRY_COMPARE(f.frame->area()->subWindowList().size(), 0);
         const auto log = f.test.log_lines();
         QVERIFY(std::find(log.begin(), log.end(), "\"close page HOME1\\PAGE1\"") != log.end());
+    }
+
+    void one_key_is_selected_in_all_page_windows()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        Remote* home = f.frame->open_page(0, "HOME1\\PAGE1");
+        Remote* device = f.frame->open_page(0, "DEVICE11\\PAGE1");
+        QVERIFY(home && device);
+        QTest::mouseClick(home, Qt::LeftButton, {}, home->picture_rect(5).center().toPoint());
+        QCOMPARE(home->selected_index(), 5);
+        QCOMPARE(device->selected_index(), -1);
+        // The click is the application's key selection, whole: a soft key on row 1.
+        QCOMPARE(f.test.app.key_selection.selected_kind, kind_soft);
+        QCOMPARE(f.test.app.key_selection.selected_row, 3);
+        QTest::mouseClick(device, Qt::LeftButton, {}, device->picture_rect(33).center().toPoint());
+        QCOMPARE(device->selected_index(), 33);
+        QCOMPARE(home->selected_index(), -1);
+        save_screenshot(f.frame.get(), "one_selected_key");
+        // A click in the tree moves the selection off the keys.
+        QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11"));
+        QCOMPARE(device->selected_index(), -1);
+        QCOMPARE(home->selected_index(), -1);
+    }
+
+    void cancel_at_the_close_question_brings_the_page_windows_back_as_they_were()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        Remote* page = f.frame->open_page(0, "HOME1\\PAGE1");
+        QVERIFY(page);
+        QWidget* sub = page->parentWidget();
+        sub->move(420, 30);
+        const QRect where = sub->geometry();
+        f.frame->entry("muproperties")->trigger();
+        QVERIFY(f.frame->properties_window()->isVisible());
+        f.test.ui.queue_answer("cancel");
+        f.frame->entry("muClose")->trigger();
+        QCoreApplication::processEvents();
+        QCOMPARE(f.frame->page_windows().size(), std::size_t(1));
+        QVERIFY(sub->isVisible());
+        QCOMPARE(sub->geometry(), where);
+        QVERIFY(f.frame->properties_window()->isVisible());
     }
 
     void close_all_pages_leaves_the_document()

@@ -147,6 +147,25 @@ private Q_SLOTS:
         QVERIFY(f.frame->button("help")->isEnabled());
     }
 
+    void undo_and_redo_entries_follow_the_journal_as_their_buttons_do()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        const auto states = [&f] {
+            f.frame->update_commands();
+            return QList<bool>{f.frame->entry("muUndo")->isEnabled(), f.frame->button("undo")->isEnabled(),
+                               f.frame->entry("muRedo")->isEnabled(), f.frame->button("redo")->isEnabled()};
+        };
+        // Nothing to undo or redo.
+        QCOMPARE(states(), (QList<bool>{false, false, false, false}));
+        f.frame->entry("muInsertdevice")->trigger();
+        QCOMPARE(states(), (QList<bool>{true, true, false, false}));
+        f.frame->entry("muUndo")->trigger();
+        QCOMPARE(states(), (QList<bool>{false, false, true, true}));
+        f.frame->entry("muRedo")->trigger();
+        QCOMPARE(states(), (QList<bool>{true, true, false, false}));
+    }
+
     void new_opens_a_document_window_in_a_slot()
     {
         FrameFixture f;
@@ -284,13 +303,22 @@ private Q_SLOTS:
         FrameFixture f;
         f.frame->entry("muNew")->trigger();
         f.frame->entry("muNew")->trigger();
-        f.frame->entry("muTileVer")->trigger();
         const auto windows = f.frame->area()->subWindowList();
-        QCOMPARE(windows[0]->geometry().top(), windows[1]->geometry().top());
-        QVERIFY(windows[0]->geometry().left() != windows[1]->geometry().left());
+        // Tile Vertically: columns, a document window the workspace's height.
+        f.frame->entry("muTileVer")->trigger();
+        QCOMPARE(windows[0]->geometry().top(), 0);
+        QCOMPARE(windows[1]->geometry().top(), 0);
+        QVERIFY(windows[1]->geometry().left() > windows[0]->geometry().right());
+        QVERIFY(windows[0]->height() > f.frame->area()->viewport()->height() / 2);
+        // Tile Horizontally: rows, side by side while the row has room.
         f.frame->entry("muTileHor")->trigger();
-        QCOMPARE(windows[0]->geometry().left(), windows[1]->geometry().left());
-        QVERIFY(windows[0]->geometry().top() != windows[1]->geometry().top());
+        QCOMPARE(windows[0]->geometry().topLeft(), QPoint(0, 0));
+        QCOMPARE(windows[1]->geometry().top(), 0);
+        QVERIFY(!windows[0]->geometry().intersects(windows[1]->geometry()));
+        // Cascade: each a title bar below and right of the one before.
+        f.frame->entry("muCascade")->trigger();
+        QVERIFY(windows[1]->geometry().top() > windows[0]->geometry().top());
+        QVERIFY(windows[1]->geometry().left() > windows[0]->geometry().left());
     }
 };
 

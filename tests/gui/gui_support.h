@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "core/model/configuration.h"
 #include "core/tree/tree_model.h"
 #include "support/test_app.h"
 #include "views/mainform.h"
@@ -53,6 +54,29 @@ inline bool click_tree_node(MDIForm1& frame, int document, const std::string& ke
         QTest::mouseDClick(form->tree()->viewport(), button, {}, at);
     }
     return true;
+}
+
+// Gives the first page of device row 1 four soft keys with labels, as the
+// label editor leaves them: NEWS left-aligned, MOVI centred with two steps,
+// the play, pause and stop signs on a left button, SPORT right-aligned.
+inline void label_first_page(Configuration& config, const std::string& page_key)
+{
+    DevicePage* page = nullptr;
+    for (auto& row : config.device_pages)
+        if (row.node_key == page_key) page = &row;
+    QVERIFY(page);
+    for (int entry = 0; entry < page_rows; ++entry)
+        if (config.page_table[static_cast<std::size_t>(entry)].node_key == page_key)
+            config.page_table[static_cast<std::size_t>(entry)].key_count = 5;
+    page->slots[1] = SoftKey{0, 1, 900, no_index, 0};
+    page->slots[2] = SoftKey{0, 2, 901, 7990, 0};
+    page->slots[3] = SoftKey{0, 130, 902, no_index, 0};
+    page->slots[4] = SoftKey{0, 4, 903, no_index, 0};
+    config.softkey_labels[900].bytes = {0x24, 14, 5, 23, 19};
+    config.softkey_labels[901].bytes = {0x04, 13, 15, 22, 9};
+    config.softkey_labels[902].bytes = {0x03, 76, 74, 75};
+    config.softkey_labels[903].bytes = {0x35, 19, 16, 15, 18, 20};
+    config.action_lists.entries[7990] = {0, 2};
 }
 
 // Saves a picture of `widget` at twice its size, for a reviewer to look at.

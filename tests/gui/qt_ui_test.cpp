@@ -119,6 +119,28 @@ private Q_SLOTS:
         QCOMPARE(progress, std::make_pair(10, 40));
     }
 
+    void status_and_progress_clear_when_the_work_is_done()
+    {
+        QtUi ui;
+        QString status;
+        std::pair<int, int> progress{-1, -1};
+        ui.set_status_sink([&](const QString& text) { status = text; });
+        ui.set_progress_sink([&](int v, int m) { progress = {v, m}; });
+        {
+            ui.status("Save Configuration");
+            WaitCursor wait(ui);
+            ui.progress(35, 50);
+            {
+                WaitCursor inner(ui);
+            }
+            // Not before the outermost work is done.
+            QCOMPARE(status, QString("Save Configuration"));
+            QCOMPARE(progress, std::make_pair(35, 50));
+        }
+        QCOMPARE(status, QString());
+        QCOMPARE(progress, std::make_pair(0, 0));
+    }
+
     void yield_lets_windows_repaint()
     {
         QtUi ui;

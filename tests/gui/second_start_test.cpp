@@ -43,6 +43,25 @@ private Q_SLOTS:
         first.terminate();
         QVERIFY(first.waitForFinished(5000));
     }
+
+    void a_new_home_folder_gets_the_data_base_folder()
+    {
+        // As a user starts it from the build tree with a home folder of their own.
+        QTemporaryDir parent;
+        const QString home = parent.filePath("new home");
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("QT_QPA_PLATFORM", "offscreen");
+        env.insert("TESSELO_HOME", home);
+        env.insert("TESSELO_QUIT_WHEN_READY", "1");
+        env.insert("TESSELO_INSTANCE_NAME", "tesselo-home-test-" + QString::number(QCoreApplication::applicationPid()));
+        QProcess editor;
+        editor.setProcessEnvironment(env);
+        editor.start(TESSELO_EDITOR, {});
+        QVERIFY(editor.waitForFinished(10000));
+        QCOMPARE(editor.exitCode(), 0);
+        for (const char* file : {"5150LIb.bin", "Lib_KEY.ASM", "F-QX5150 Brandlist.txt"})
+            QVERIFY2(QFileInfo::exists(home + "/Data base/" + file), file);
+    }
 };
 
 QTEST_MAIN(SecondStartTest)

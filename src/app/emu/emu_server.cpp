@@ -2,6 +2,8 @@
 
 #include <cerrno>
 #include <chrono>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <poll.h>
 #include <sys/socket.h>
 
@@ -58,8 +60,16 @@ void serve_connection(RemoteEmulator& remote, Socket connection, std::uint32_t s
             const ssize_t got = ::recv(connection.fd(), chunk, sizeof chunk, 0);
             if (got <= 0) break;
             reader.feed(chunk, static_cast<std::size_t>(got));
-            // A transfer that would stall on a bus is simply not taken up here.
-            while (auto message = reader.next()) remote.receive(message->data(), message->size(), now_ms());
+            // Each transfer gets its verdict at once: one that would stall on
+            // a bus is not taken up, and the host's write times out.
+            bool gone = false;
+            while (auto message = reader.next()) {
+                if (message->kind != Message::Kind::transfer) continue;
+                const auto take = remote.receive(message->bytes.data(), message->bytes.size(), now_ms());
+                const auto verdict = verdict_message(take == RemoteEmulator::Take::accepted);
+                if (!send_all(connection.fd(), verdict.data(), verdict.size())) gone = true;
+            }
+            if (gone) break;
         }
         if (!send_due(remote, connection.fd())) break;
     }
@@ -84,6 +94,9 @@ int serve(RemoteEmulator& remote, Socket& listener, std::uint32_t stop_after_ms,
         if (ready == 0) continue;
         Socket connection(::accept4(listener.fd(), nullptr, nullptr, SOCK_CLOEXEC));
         if (!connection.valid()) continue;
+        // A verdict and an answer follow each other closely: neither may wait for the other's ack.
+        int one = 1;
+        setsockopt(connection.fd(), IPPROTO_TCP, TCP_NODELAY, &one, sizeof one);
         if (!remote.present()) continue;  // no remote on the bus: the link does not open
         serve_connection(remote, std::move(connection), start, stop_after_ms);
     }

@@ -73,7 +73,10 @@ int main(int argc, char** argv)
 
     const auto home = tesselo::resolve_home(tesselo::home_sources_from_environment(tesselo::executable_folder(), {}));
     std::string why;
-    if (!tesselo::prepare_home(home, fs::path(TESSELO_INSTALLED_DATA) / tesselo::data_base_folder, why))
+    if (!tesselo::prepare_home(home,
+                               {tesselo::executable_folder() / tesselo::data_base_folder,
+                                fs::path(TESSELO_INSTALLED_DATA) / tesselo::data_base_folder},
+                               why))
         std::cerr << "tesselo: cannot use the home folder " << home << ": " << why << '\n';
     provide_user_guide(home);
 
@@ -85,10 +88,7 @@ int main(int argc, char** argv)
     const char* link = std::getenv("TESSELO_LINK");
     if (!tesselo::install_gui_link(app, link ? link : "", why)) std::cerr << "tesselo: " << why << '\n';
     tesselo::MDIForm1 frame(app);
-    ui.set_parent(&frame);
-    ui.set_commands_sink([&frame] { frame.update_commands(); });
-    ui.set_status_sink([&frame](const QString& text) { frame.set_status(text); });
-    ui.set_progress_sink([&frame](int value, int maximum) { frame.set_progress(value, maximum); });
+    tesselo::attach_frame(ui, frame);
     QObject::connect(&server, &tesselo::InstanceServer::raise_requested, &frame, &tesselo::MDIForm1::raise_frame);
     QObject::connect(&server, &tesselo::InstanceServer::files_received, &frame, &tesselo::MDIForm1::open_files);
 

@@ -44,6 +44,8 @@ public:
     virtual void document_retitled(int /*document*/) {}
     // The document's page windows and the properties window are to be hidden.
     virtual void document_views_hidden(int /*document*/) {}
+    // The close was refused: what was hidden comes back as it was.
+    virtual void document_views_restored(int /*document*/) {}
     virtual void document_closed(int /*slot*/) {}
     virtual void active_document_changed() {}
 

@@ -8,8 +8,9 @@ namespace tesselo {
 
 void TIMEDELAY(Clock& clock, std::uint32_t ms)
 {
+    // Until more than `ms` milliseconds have passed, not merely as many.
     const std::uint32_t start = clock.tick_count();
-    while (clock.tick_count() - start < ms) clock.idle();
+    while (clock.tick_count() - start <= ms) clock.idle();
 }
 
 std::uint32_t SystemClock::tick_count()

@@ -25,7 +25,7 @@ public:
     virtual LocalTime local_time() = 0;
 };
 
-// A spin on the millisecond clock.
+// A spin on the millisecond clock until more than `ms` milliseconds have passed.
 void TIMEDELAY(Clock& clock, std::uint32_t ms);
 
 class SystemClock final : public Clock {

@@ -29,7 +29,7 @@ HomeFolderSources home_sources_from_environment(const fs::path& executable_folde
     return s;
 }
 
-bool prepare_home(const fs::path& home, const fs::path& installed_data, std::string& why)
+bool prepare_home(const fs::path& home, const std::vector<fs::path>& sources, std::string& why)
 {
     std::error_code ec;
     fs::create_directories(home, ec);
@@ -38,12 +38,15 @@ bool prepare_home(const fs::path& home, const fs::path& installed_data, std::str
         return false;
     }
     const fs::path data = home / data_base_folder;
-    if (!fs::exists(data, ec) && !installed_data.empty() && fs::is_directory(installed_data, ec)) {
-        fs::copy(installed_data, data, fs::copy_options::recursive, ec);
+    if (fs::exists(data, ec)) return true;
+    for (const fs::path& source : sources) {
+        if (source.empty() || !fs::is_directory(source, ec) || fs::equivalent(source, data, ec)) continue;
+        fs::copy(source, data, fs::copy_options::recursive, ec);
         if (ec) {
             why = ec.message();
             return false;
         }
+        return true;
     }
     return true;
 }

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tesselo {
 
@@ -27,9 +28,11 @@ std::filesystem::path resolve_home(const HomeFolderSources& sources);
 HomeFolderSources home_sources_from_environment(const std::filesystem::path& executable_folder,
                                                 std::optional<std::filesystem::path> option);
 
-// Makes the home folder, and gives it a copy of the installed "Data base"
-// folder when it has none. False, with the reason, when that failed.
-bool prepare_home(const std::filesystem::path& home, const std::filesystem::path& installed_data,
+// Makes the home folder, and gives it a copy of a "Data base" folder when it
+// has none: the first of `sources` that is a folder (the one beside the
+// program in a build tree or a portable copy, then the installed one).
+// False, with the reason, when that failed.
+bool prepare_home(const std::filesystem::path& home, const std::vector<std::filesystem::path>& sources,
                   std::string& why);
 
 }  // namespace tesselo

@@ -5,6 +5,7 @@
 #include "core/document/ui.h"
 #include "core/image/image_writer.h"
 #include "core/model/configuration.h"
+#include "core/tree/selection.h"
 #include "core/tree/tree_view.h"
 
 namespace tesselo {
@@ -28,6 +29,20 @@ bool save_document(Application& app, int document, const std::string& path)
     ui.status("Save Configuration");
     WaitCursor wait(ui);
     return save_tofile(app, path, 0, app.documents()[static_cast<std::size_t>(document)].slot);
+}
+
+// The selection is cleared when a document closes: a key chosen in it, or a
+// step row opened for editing, must not lead the next step into whatever
+// document takes its slot. The tree selection of another document stays.
+void clear_selection(Application& app, int slot)
+{
+    app.key_selection.clear();
+    app.key_error.key_error_shown = false;
+    app.step_edit.clear();
+    TreeSelection& tree = app.selection();
+    tree.drag_mode = 0;
+    if (tree.slot == slot) tree.clear();
+    app.notify([slot](ApplicationListener& l) { l.selection_changed(slot); });
 }
 
 }  // namespace
@@ -102,13 +117,21 @@ bool close_document(Application& app, int document)
 
     const Answer answer = app.ui().ask(title_main, "Do you want to save the changes to " + name + "?",
                                        Buttons::yes_no_cancel, Icon::exclamation);
+    const auto views_back = [&app, document] {
+        app.notify([document](ApplicationListener& l) { l.document_views_restored(document); });
+    };
     // Cancel keeps the document open with its slot counted as free.
-    if (answer == Answer::cancel) return false;
+    if (answer == Answer::cancel) {
+        views_back();
+        return false;
+    }
     if (answer == Answer::yes && !muSaveas(app, document)) {
         // A Save As that was not carried out keeps the document, and its slot.
         app.slot_in_use[static_cast<std::size_t>(slot)] = 1;
+        views_back();
         return false;
     }
+    clear_selection(app, slot);
     app.write_log("close file " + name);
     app.remove_document(document);
     return true;

@@ -96,9 +96,16 @@ void correct_half_key_fault(Application& app, int page_in_device, int device, in
     for (int d = 1; d < device; ++d) before += c.device_table[static_cast<std::size_t>(d)].page_count;
     if (page_in_device > c.device_table[static_cast<std::size_t>(device)].page_count) return;
     const int row = before + page_in_device - 1;
-    if (row >= device_page_rows) return;
-    for (auto& key : c.device_pages[static_cast<std::size_t>(row)].slots) {
-        if (key.label_index >= 0 && key.label_index < softkey_label_rows)
+    const int entry_row = c.device_table[0].page_count + row;
+    if (row >= device_page_rows || entry_row >= page_rows) return;
+    // Only the slots in use hold labels of the page: an unused slot's label
+    // index 0 is the first HOME key's label, which stays.
+    auto& entry = c.page_table[static_cast<std::size_t>(entry_row)];
+    const int used = entry.key_count < softkeys_per_page ? entry.key_count : softkeys_per_page;
+    auto& slots = c.device_pages[static_cast<std::size_t>(row)].slots;
+    for (int s = 0; s < softkeys_per_page; ++s) {
+        SoftKey& key = slots[static_cast<std::size_t>(s)];
+        if (s < used && key.label_index >= 0 && key.label_index < softkey_label_rows)
             c.softkey_labels[static_cast<std::size_t>(key.label_index)].bytes[0] = free_byte;
         key.action_list = no_index;
         key.label_index = 0;
@@ -106,6 +113,8 @@ void correct_half_key_fault(Application& app, int page_in_device, int device, in
         key.key_state = 0;
         key.key_flags = 0;
     }
+    // The reset page has no keys: slots left counted would all share label 0.
+    entry.key_count = 0;
     write_correction_log(app, slot, "delete page - " + std::string("DEVICE") + std::to_string(device) + "/PAGE" +
                                         std::to_string(page_in_device));
 }

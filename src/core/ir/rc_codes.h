@@ -44,8 +44,10 @@ int encode_rc6(IrCodeWords& words, int system, int command);
 int encode_rc6a(IrCodeWords& words, long customer, int system, int command);
 
 // The decoders: 1 when the `count` words are a code of that protocol, with
-// the fields set; 0 otherwise. Word 0 is not looked at, since a stored code
-// carries the index of its format there.
+// the fields set; 0 otherwise. A code is known by its count and its words 1
+// and 2, and the fields are read from the words that carry them; no other
+// word is looked at. Word 0 is not either, since a stored code carries the
+// index of its format there.
 int Get_RC5_Code(const IrCodeWords& words, int count, RcFields& fields);
 int Get_RC5x_Code(const IrCodeWords& words, int count, RcFields& fields);
 int Get_RC6_m0_Code(const IrCodeWords& words, int count, RcFields& fields);

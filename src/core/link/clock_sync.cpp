@@ -57,7 +57,9 @@ bool clock_sync(Application& app)
         if (link.write_usb(frame.data(), frame.size(), written, write_timeout) != 1 || written != frame.size())
             break;  // nothing received: the exchange fails at once
         std::array<std::uint8_t, frame_size> ack{};
-        if (link.read_usb(ack.data(), ack.size(), 2000) != static_cast<int>(frame_size)) continue;
+        // Only a whole ack of 8 bytes is a frame received; without one the
+        // exchange fails at once, so a late ack is never taken by a later attempt.
+        if (link.read_usb(ack.data(), ack.size(), 2000) != static_cast<int>(frame_size)) break;
         const bool good = frame_checksum_good(ack.data()) && ack[0] == tag_clock.first && ack[1] == tag_clock.second;
         if (good && static_cast<int>(big_endian(ack.data(), 4)) - 1 == static_cast<int>(big_endian(frame.data(), 4)))
             accepted = true;

@@ -73,12 +73,14 @@ void Link::close_usb()
 int Link::read_usb(std::uint8_t* buffer, std::size_t to_read, std::uint32_t timeout_ms)
 {
     if (to_read == 0 || usb_device_path.empty() || !transport_) return 0;
-    // A read that completes with nothing is issued again until the time is used up.
+    // A read that completes with nothing is issued again until the time is
+    // used up; but once the device has gone its pipe cannot be opened for
+    // another read, and the result is 0 at once rather than a spin.
     const std::uint32_t start = clock_.tick_count();
     int result = 0;
     do {
         result = transport_->read(buffer, to_read, timeout_ms);
-        if (result > 0 || result == -2) break;
+        if (result > 0 || result == -2 || transport_->read_pipe() == -1) break;
     } while (clock_.tick_count() - start < timeout_ms);
     return result;
 }

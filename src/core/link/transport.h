@@ -22,7 +22,7 @@ public:
     // Opens both pipes of the device at `path`. True when both are open.
     virtual bool open(const std::string& path) = 0;
     virtual void close() = 0;
-    // The open pipes' handles, -1 while closed.
+    // The open pipes' handles, -1 while closed and once the device has gone.
     virtual int read_pipe() const = 0;
     virtual int write_pipe() const = 0;
 

@@ -140,9 +140,13 @@ void open_allpage(Application& app)
     const Place at = selected_place(app);
     if (at.node == 0) return;
     TreeModel& tree = app.tree(at.slot);
+    // HOME holds pages as a device does: on HOME, its properties or a page of it, HOME's pages open.
+    const auto holds_pages = [&tree](int node) {
+        return is_device_image(tree.node(node).image) || tree.node(node).image == image_home;
+    };
     int device = at.node;
-    if (!is_device_image(tree.node(device).image)) device = tree.node(device).parent;
-    if (device == 0) return;
+    if (!holds_pages(device)) device = tree.node(device).parent;
+    if (device == 0 || !holds_pages(device)) return;
     const std::vector<int> children = tree.node(device).children;
     for (int child : children)
         if (is_page_image(tree.node(child).image) && !open_page(app, at.slot, child)) return;

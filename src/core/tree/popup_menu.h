@@ -31,7 +31,7 @@ void cPopup1_ItemClick(Application& app, const std::string& item);
 enum class TreeShortcut { alt_d, alt_p, ctrl_up, ctrl_down };
 void tree_key_down(Application& app, TreeShortcut key);
 
-// The main frame's open_allpage: opens every page of the selected device.
+// The main frame's open_allpage: opens every page of the selected device, or of HOME.
 void open_allpage(Application& app);
 
 }  // namespace tesselo

@@ -5,14 +5,15 @@
 namespace tesselo {
 namespace {
 
-TEST(Timedelay, SpinsOnTheMillisecondClock)
+TEST(Timedelay, SpinsUntilMoreThanTheGivenMillisecondsHavePassed)
 {
     VirtualClock clock;
     clock.advance(500);
     TIMEDELAY(clock, 2000);
-    EXPECT_EQ(clock.tick_count(), 2500u);
+    EXPECT_EQ(clock.tick_count(), 2501u);
+    // Even a delay of 0 lets the clock tick once.
     TIMEDELAY(clock, 0);
-    EXPECT_EQ(clock.tick_count(), 2500u);
+    EXPECT_EQ(clock.tick_count(), 2502u);
 }
 
 TEST(Timedelay, SurvivesTheTickCountWrappingAround)
@@ -20,7 +21,7 @@ TEST(Timedelay, SurvivesTheTickCountWrappingAround)
     VirtualClock clock;
     clock.advance(0xFFFFFFF0u);
     TIMEDELAY(clock, 100);
-    EXPECT_EQ(clock.tick_count(), 0xFFFFFFF0u + 100u);
+    EXPECT_EQ(clock.tick_count(), 0xFFFFFFF0u + 101u);
 }
 
 TEST(SystemClock, LocalTimeIsADate)

@@ -39,8 +39,27 @@ TEST(PrepareHome, ANewHomeGetsACopyOfTheInstalledDataBase)
     fs::create_directories(installed);
     std::ofstream(installed / "Lib_KEY.ASM") << ";&*^\n";
     std::string why;
-    ASSERT_TRUE(prepare_home(tmp.path() / "home", installed, why)) << why;
+    ASSERT_TRUE(prepare_home(tmp.path() / "home", {installed}, why)) << why;
     EXPECT_TRUE(fs::exists(tmp.path() / "home" / "Data base" / "Lib_KEY.ASM"));
+}
+
+TEST(PrepareHome, TheFirstSourceThatIsAFolderIsCopied)
+{
+    TempFolder tmp;
+    const fs::path beside = tmp.path() / "bin" / "Data base";
+    const fs::path installed = tmp.path() / "share" / "Data base";
+    fs::create_directories(installed);
+    std::ofstream(installed / "installed.txt") << "i";
+    std::string why;
+    // No Data base beside the program: the installed one.
+    ASSERT_TRUE(prepare_home(tmp.path() / "first", {beside, installed}, why)) << why;
+    EXPECT_TRUE(fs::exists(tmp.path() / "first" / "Data base" / "installed.txt"));
+    // A Data base beside the program, as in a build tree: that one.
+    fs::create_directories(beside);
+    std::ofstream(beside / "beside.txt") << "b";
+    ASSERT_TRUE(prepare_home(tmp.path() / "second", {beside, installed}, why)) << why;
+    EXPECT_TRUE(fs::exists(tmp.path() / "second" / "Data base" / "beside.txt"));
+    EXPECT_FALSE(fs::exists(tmp.path() / "second" / "Data base" / "installed.txt"));
 }
 
 TEST(PrepareHome, AnExistingDataBaseIsLeftAsItIs)
@@ -51,7 +70,7 @@ TEST(PrepareHome, AnExistingDataBaseIsLeftAsItIs)
     std::ofstream(installed / "new.txt") << "x";
     fs::create_directories(tmp.path() / "home" / "Data base");
     std::string why;
-    ASSERT_TRUE(prepare_home(tmp.path() / "home", installed, why));
+    ASSERT_TRUE(prepare_home(tmp.path() / "home", {installed}, why));
     EXPECT_FALSE(fs::exists(tmp.path() / "home" / "Data base" / "new.txt"));
 }
 

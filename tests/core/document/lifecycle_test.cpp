@@ -4,6 +4,10 @@
 
 #include "core/document/lifecycle.h"
 #include "core/document/log.h"
+#include "core/keys/step_commands.h"
+#include "core/tree/selection.h"
+#include "core/tree/tree_model.h"
+#include "core/tree/tree_view.h"
 #include "support/test_app.h"
 
 namespace tesselo {
@@ -182,10 +186,51 @@ TEST(CloseDocument, YesWithACancelledSaveAsKeepsTheDocumentAndItsSlot)
     EXPECT_EQ(t.app.slot_in_use[0], 1);
 }
 
+TEST(CloseDocument, TheSelectionIsClearedSoThatNoStepGoesIntoTheNextDocumentOfTheSlot)
+{
+    RecordingApp t;
+    muNew(t.app);
+    click_node(t.app, 0, t.app.tree(0).find("HOME1\\PAGE1"));
+    select_key(t.app, 5);  // row 1, the right button
+    t.app.selection().drag_mode = 3;
+    t.app.step_edit.begin(0, ActionStep{});
+    t.ui.queue_answer("no");
+    ASSERT_TRUE(close_document(t.app, 0));
+    EXPECT_EQ(t.app.key_selection.selected_kind, kind_none);
+    EXPECT_EQ(t.app.key_selection.selected_index, -1);
+    EXPECT_EQ(t.app.key_selection.selected_row, 0);
+    EXPECT_EQ(t.app.key_selection.selected_left, 0);
+    EXPECT_EQ(t.app.selection().drag_mode, 0);
+    EXPECT_EQ(t.app.selection().slot, -1);
+    EXPECT_TRUE(t.app.selection().node_key.empty());
+    EXPECT_FALSE(t.app.step_edit.edit_flag);
+
+    // The next document takes the same slot: a step dialog's OK finds no key.
+    ASSERT_EQ(muNew(t.app), 0);
+    ASSERT_EQ(t.app.documents()[0].slot, 0);
+    t.take_lines();
+    EXPECT_FALSE(finish_step_dialog(t.app, {0, "HOME1\\PAGE1"}, duration_fields(7, 100), "Add Delay", "add delay"));
+    EXPECT_EQ(t.app.config(0).action_steps.step_total, 0);
+    EXPECT_EQ(t.app.config(0).action_lists.list_count, 0);
+}
+
+TEST(CloseDocument, ClosingAnotherDocumentKeepsTheTreeSelectionOfTheActiveOne)
+{
+    RecordingApp t;
+    muNew(t.app);
+    muNew(t.app);
+    click_node(t.app, 1, t.app.tree(1).find("HOME2\\PAGE1"));
+    t.ui.queue_answer("no");
+    ASSERT_TRUE(close_document(t.app, 0));
+    EXPECT_EQ(t.app.selection().slot, 1);
+    EXPECT_EQ(t.app.selection().node_key, "HOME2\\PAGE1");
+}
+
 struct ViewsListener : ApplicationListener {
     std::vector<std::string> events;
     void document_opened(int d) override { events.push_back("opened " + std::to_string(d)); }
     void document_views_hidden(int d) override { events.push_back("hidden " + std::to_string(d)); }
+    void document_views_restored(int d) override { events.push_back("restored " + std::to_string(d)); }
     void document_closed(int s) override { events.push_back("closed slot " + std::to_string(s)); }
     void document_retitled(int d) override { events.push_back("retitled " + std::to_string(d)); }
 };
@@ -199,6 +244,21 @@ TEST(CloseDocument, PageWindowsAreHiddenBeforeTheQuestion)
     t.ui.queue_answer("no");
     close_document(t.app, 0);
     EXPECT_EQ(views.events, (std::vector<std::string>{"opened 0", "hidden 0", "closed slot 0"}));
+    t.app.remove_listener(&views);
+}
+
+TEST(CloseDocument, ARefusedCloseBringsTheViewsBack)
+{
+    RecordingApp t;
+    ViewsListener views;
+    t.app.add_listener(&views);
+    muNew(t.app);
+    t.ui.queue_answer("cancel");
+    EXPECT_FALSE(close_document(t.app, 0));
+    // Yes, and then no file chosen: refused as well.
+    t.ui.queue_answer("yes");
+    EXPECT_FALSE(close_document(t.app, 0));
+    EXPECT_EQ(views.events, (std::vector<std::string>{"opened 0", "hidden 0", "restored 0", "hidden 0", "restored 0"}));
     t.app.remove_listener(&views);
 }
 

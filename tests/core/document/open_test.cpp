@@ -5,6 +5,7 @@
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
 #include "core/image/auto_correction.h"
+#include "core/image/image_check.h"
 #include "core/image/image_writer.h"
 #include "core/image/open_state.h"
 #include "core/model/configuration.h"
@@ -243,6 +244,34 @@ TEST_F(OpenTest, AHalfKeyFaultResetsItsPage)
     std::string line;
     std::getline(log, line);
     EXPECT_EQ(line, "\"" + path + " - delete page - DEVICE1/PAGE1\"");
+}
+
+TEST_F(OpenTest, AFileCorrectedOfAHalfKeyPassesTheCheck)
+{
+    muNew(t.app);
+    AddDevice(t.app, add_ordinary);
+    AddDevice(t.app, add_ordinary);
+    Configuration& c = t.app.config(0);
+    // The first device's page gets a left key on row 3 without its right partner.
+    const int used = c.page_table[1].key_count;
+    c.page_table[1].key_count = static_cast<std::uint8_t>(used + 1);
+    c.device_pages[0].slots[static_cast<std::size_t>(used)] = {3, 131, 6, 65535, 4};
+    c.softkey_labels[6].bytes[0] = 1;
+    const KeyLabel home_key_label = c.softkey_labels[0];
+    const KeyLabel second_home_key_label = c.softkey_labels[1];
+    const auto path = save_and_close("half.kcf");
+    t.ui.queue_answer("continue");
+    t.ui.queue_answer("yes");
+    ASSERT_GE(open_configuration(t.app, path), 0);
+
+    // The unused slots of the page name no label: the HOME keys' labels stay.
+    EXPECT_EQ(t.app.config(0).softkey_labels[0].bytes, home_key_label.bytes);
+    EXPECT_EQ(t.app.config(0).softkey_labels[1].bytes, second_home_key_label.bytes);
+    const auto corrected = save_and_close("corrected.kcf");
+    ErrorList errors;
+    std::vector<std::string> rows;
+    EXPECT_FALSE(check_image(read_bytes(corrected), errors, rows));
+    EXPECT_EQ(rows, std::vector<std::string>{});
 }
 
 TEST_F(OpenTest, TheScriptedErrorWindowAnswersContinueAndGiveupFromTheQueue)

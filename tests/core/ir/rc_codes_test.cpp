@@ -242,16 +242,13 @@ TEST(RcDecoders, RefuseWhatIsNotOfTheirProtocol)
     }
 }
 
-TEST(RcDecoders, RefuseAWrongCountAndWordsNoEncoderMakes)
+TEST(RcDecoders, RefuseAWrongCountAWrongTagWordAndDigitsThatAreNoPairs)
 {
     IrCodeWords words{};
     RcFields f;
     EXPECT_EQ(Get_RC5_Code(words, encode_rc5(words, 3, 4) - 1, f), 0);
     encode_rc5(words, 3, 4);
-    words[4] = words[3];  // the toggle pair broken
-    EXPECT_EQ(Get_RC5_Code(words, 8, f), 0);
-    encode_rc5(words, 3, 4);
-    words[7] = static_cast<std::int16_t>(words[7] | 1);
+    words[2] = 0x0807;
     EXPECT_EQ(Get_RC5_Code(words, 8, f), 0);
 
     EXPECT_EQ(Get_RC6_m0_Code(words, encode_rc6(words, 1, 2) + 1, f), 0);
@@ -259,24 +256,68 @@ TEST(RcDecoders, RefuseAWrongCountAndWordsNoEncoderMakes)
     words[11] = 0x1234;  // not pair digits
     EXPECT_EQ(Get_RC6_m0_Code(words, 12, f), 0);
     encode_rc6(words, 1, 2);
-    words[9] = 0;  // the copies differ
+    words[1] = 0;
     EXPECT_EQ(Get_RC6_m0_Code(words, 12, f), 0);
 
     encode_rc5x(words, 1, 2, 3);
-    words[8] = static_cast<std::int16_t>(0xAA01);
-    EXPECT_EQ(Get_RC5x_Code(words, 9, f), 0);
-    encode_rc5x(words, 1, 2, 3);
     words[3] = static_cast<std::int16_t>(0x8FFF);
     EXPECT_EQ(Get_RC5x_Code(words, 9, f), 0);
+    encode_rc5x(words, 1, 2, 3);
+    words[2] = 0x0806;
+    EXPECT_EQ(Get_RC5x_Code(words, 9, f), 0);
 
-    // A short form that carries a customer code above 127 is no RC6A code.
-    encode_rc6a(words, 5, 1, 2);
-    const std::string e = "A93" + rc6_pair_digits(200) + "0";
-    words[3] = static_cast<std::int16_t>(hex_word(e.substr(0, 4)));
-    words[4] = static_cast<std::int16_t>(hex_word(e.substr(4, 4)));
-    EXPECT_EQ(Get_RC6_mA_Code(words, 7, f), 0);
     IrCodeWords zero{};
     EXPECT_EQ(Get_RC6_mA_Code(zero, 7, f) + Get_RC6_mA_Code(zero, 8, f) + Get_RC5_Code(zero, 8, f), 0);
+}
+
+// A decoder reads its fields from the words its rules name, and looks at no
+// other word: a code whose other words differ from what the encoder builds is
+// still of the protocol.
+TEST(RcDecoders, ReadOnlyTheWordsTheirRulesName)
+{
+    RcFields f;
+    // RC5: count 8, 0x8010, 0x0806; System from word 3, Command from word 7's
+    // top six bits (and word 3's 0x4000).
+    IrCodeWords rc5{2, static_cast<std::int16_t>(0x8010), 0x0806, 0x1F00, 0x3F00, 0x1F00, 0x3F00,
+                    static_cast<std::int16_t>(0xFC01)};
+    ASSERT_EQ(Get_RC5_Code(rc5, 8, f), 1);
+    EXPECT_EQ(f.system, 0);
+    EXPECT_EQ(f.command, 0);
+    rc5[4] = rc5[3];  // the toggle pair as the encoder never makes it
+    rc5[6] = 0;
+    rc5[7] = static_cast<std::int16_t>(0x0BFF);  // top six bits 000010: command (not 2) and 63 = 61
+    rc5[3] = 0x5E00;                             // system (not 0x1E) and 31 = 1, command + 64
+    ASSERT_EQ(Get_RC5_Code(rc5, 8, f), 1);
+    EXPECT_EQ(f.system, 1);
+    EXPECT_EQ(f.command, 125);
+
+    // RC6: System from words 3 and 4, Command from the last word; the toggle
+    // words and their copies are not read.
+    IrCodeWords rc6{};
+    encode_rc6(rc6, 12, 34);
+    for (int i = 5; i <= 10; ++i) rc6[static_cast<std::size_t>(i)] = 0;
+    ASSERT_EQ(Get_RC6_m0_Code(rc6, 12, f), 1);
+    EXPECT_EQ(f.system, 12);
+    EXPECT_EQ(f.command, 34);
+
+    // RC5X: the "00" that ends word 8, and words 4 to 6, are not read.
+    IrCodeWords rc5x{};
+    encode_rc5x(rc5x, 1, 2, 3);
+    rc5x[8] = static_cast<std::int16_t>(static_cast<std::uint16_t>(rc5x[8]) | 0x01);
+    rc5x[4] = rc5x[5] = rc5x[6] = 0;
+    ASSERT_EQ(Get_RC5x_Code(rc5x, 9, f), 1);
+    EXPECT_EQ(f.system, 1);
+    EXPECT_EQ(f.command, 2);
+    EXPECT_EQ(f.data, 3);
+
+    // RC6A: the "0" that ends the customer text is not read.
+    IrCodeWords rc6a{};
+    encode_rc6a(rc6a, 32768, 1, 2);
+    rc6a[5] = static_cast<std::int16_t>(static_cast<std::uint16_t>(rc6a[5]) | 0x0F);
+    ASSERT_EQ(Get_RC6_mA_Code(rc6a, 8, f), 1);
+    EXPECT_EQ(f.customer, 32768);
+    EXPECT_EQ(f.system, 1);
+    EXPECT_EQ(f.command, 2);
 }
 
 TEST(RcDecoders, LeaveWordZeroAlone)

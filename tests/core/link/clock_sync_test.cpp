@@ -77,14 +77,29 @@ TEST(ClockSync, AGoodAckAtTheThirdAttemptStillEndsInSendComplete)
     EXPECT_EQ(t.remote->clock_syncs, 1);
 }
 
-TEST(ClockSync, AnAckThatNeverComesOrIsBadTakesTheNextAttempt)
+TEST(ClockSync, AnAckOfEightBytesThatIsBadOrWronglyNumberedTakesTheNextAttempt)
 {
-    for (Fault f : {Fault::mute_ack, Fault::bad_ack_checksum, Fault::short_ack}) {
+    for (Fault f : {Fault::bad_ack_checksum, Fault::own_number_ack}) {
         LinkTestApp t;
         t.fault(f);
         clock_sync(t.app);
         EXPECT_EQ(t.take_lines(), std::vector<std::string>{failed_001}) << emulator::fault_name(f);
         EXPECT_EQ(t.host_writes().size(), 5u);
+    }
+}
+
+TEST(ClockSync, WithoutAnAckOfEightBytesTheExchangeFailsAtOnce)
+{
+    // A silent remote, an ack that completes with nothing and a short ack:
+    // nothing was received, and no second attempt is made.
+    for (Fault f : {Fault::mute_ack, Fault::empty_ack, Fault::short_ack}) {
+        LinkTestApp t;
+        t.fault(f);
+        clock_sync(t.app);
+        EXPECT_EQ(t.take_lines(), std::vector<std::string>{failed_001}) << emulator::fault_name(f);
+        EXPECT_EQ(t.host_writes().size(), 3u) << emulator::fault_name(f);
+        EXPECT_EQ(t.remote->clock_syncs, 0);
+        EXPECT_TRUE(t.link_closed());
     }
 }
 

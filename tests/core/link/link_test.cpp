@@ -142,6 +142,41 @@ TEST(Link, AReadThatCompletesWithNothingUntilTheTimeIsUsedUpGivesZero)
     EXPECT_EQ(t.app.link().read_usb(&b, 1, 1000), 0);
 }
 
+// A remote pulled from the bus: every read completes at once with nothing,
+// and its pipes are gone.
+class VanishedBus : public FakeBus {
+public:
+    explicit VanishedBus(VirtualClock& clock) : clock_(clock) {}
+    bool gone = false;
+    int read_pipe() const override { return gone ? -1 : FakeBus::read_pipe(); }
+    int read(std::uint8_t*, std::size_t, std::uint32_t) override
+    {
+        clock_.advance(1);
+        ++reads;
+        return gone ? 0 : -1;
+    }
+
+private:
+    VirtualClock& clock_;
+};
+
+TEST(Link, AfterTheDeviceHasGoneAReadGivesZeroAtOnceInsteadOfSpinning)
+{
+    TestApp t;
+    auto owned = std::make_unique<VanishedBus>(t.clock);
+    VanishedBus* bus = owned.get();
+    bus->paths = {"USB\\VID_1D5C&PID_5100\\1"};
+    t.app.link().set_transport(std::move(owned));
+    ASSERT_EQ(t.app.link().open_usb(), 1);
+    bus->gone = true;
+    std::uint8_t b = 0;
+    EXPECT_EQ(t.app.link().read_usb(&b, 1, 2000), 0);
+    EXPECT_EQ(bus->reads, 1);
+    // close_usb still closes what was open.
+    t.app.link().close_usb();
+    EXPECT_TRUE(bus->opened.empty());
+}
+
 TEST(Link, AWriteThatTimesOutGivesMinusOne)
 {
     LinkTestApp t;

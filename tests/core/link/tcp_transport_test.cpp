@@ -3,6 +3,8 @@
 
 #include <sys/socket.h>
 
+#include "core/document/clock.h"
+#include "core/link/link.h"
 #include "platform/tcp_messages.h"
 #include "platform/tcp_transport.h"
 
@@ -28,8 +30,29 @@ TEST(TcpMessages, TheReaderGivesWholeMessagesOnly)
     r.feed(part1, sizeof part1);
     EXPECT_FALSE(r.next());
     r.feed(part2, sizeof part2);
-    EXPECT_EQ(r.next(), (std::vector<std::uint8_t>{1, 2, 3}));
-    EXPECT_EQ(r.next(), std::vector<std::uint8_t>{});  // a message of no bytes
+    auto m = r.next();
+    ASSERT_TRUE(m);
+    EXPECT_EQ(m->kind, Message::Kind::transfer);
+    EXPECT_EQ(m->bytes, (std::vector<std::uint8_t>{1, 2, 3}));
+    m = r.next();
+    ASSERT_TRUE(m);  // a message of no bytes
+    EXPECT_EQ(m->kind, Message::Kind::transfer);
+    EXPECT_EQ(m->bytes, std::vector<std::uint8_t>{});
+    EXPECT_FALSE(r.next());
+}
+
+TEST(TcpMessages, AVerdictIsTwoBytesOfALengthNoTransferHas)
+{
+    EXPECT_EQ(verdict_message(true), (std::vector<std::uint8_t>{0xFF, 0xFF}));
+    EXPECT_EQ(verdict_message(false), (std::vector<std::uint8_t>{0xFF, 0xFE}));
+    MessageReader r;
+    const std::uint8_t bytes[] = {0xFF, 0xFE, 0x00, 0x01, 0xF6, 0xFF, 0xFF};
+    r.feed(bytes, sizeof bytes);
+    EXPECT_EQ(r.next()->kind, Message::Kind::stalled);
+    const auto m = r.next();
+    EXPECT_EQ(m->kind, Message::Kind::transfer);
+    EXPECT_EQ(m->bytes, std::vector<std::uint8_t>{0xF6});
+    EXPECT_EQ(r.next()->kind, Message::Kind::taken);
     EXPECT_FALSE(r.next());
 }
 
@@ -56,53 +79,136 @@ struct Loopback {
     }
 };
 
+// A transport open to a remote side that the test plays by hand.
+struct Connected {
+    Loopback loop;
+    TcpTransport t{{"127.0.0.1", 0}};
+    Socket remote;
+    Connected() : t({"127.0.0.1", loop.port})
+    {
+        if (!loop.listener.valid() || !t.open(t.device_paths()[0])) return;
+        remote = Socket(::accept(loop.listener.fd(), nullptr, nullptr));
+    }
+    bool send(const std::vector<std::uint8_t>& bytes) { return send_all(remote.fd(), bytes.data(), bytes.size()); }
+    bool send_transfer(const std::vector<std::uint8_t>& bytes)
+    {
+        return send(frame_message(bytes.data(), bytes.size()));
+    }
+    // What the host sent: one message of `count` bytes.
+    std::vector<std::uint8_t> take(std::size_t count)
+    {
+        std::vector<std::uint8_t> got(count + 2);
+        if (::recv(remote.fd(), got.data(), got.size(), MSG_WAITALL) != static_cast<ssize_t>(got.size())) return {};
+        return got;
+    }
+};
+
 TEST(TcpTransport, AReadGivesAtMostWhatWasAskedAndTheRestNext)
 {
-    Loopback loop;
-    ASSERT_TRUE(loop.listener.valid());
-    TcpTransport t({"127.0.0.1", loop.port});
-    ASSERT_EQ(t.device_paths().size(), 1u);
-    EXPECT_NE(t.device_paths()[0].find("VID_1D5C&PID_5100"), std::string::npos);
-    ASSERT_TRUE(t.open(t.device_paths()[0]));
-    EXPECT_GE(t.read_pipe(), 0);
-    Socket remote(::accept(loop.listener.fd(), nullptr, nullptr));
-    ASSERT_TRUE(remote.valid());
+    Connected c;
+    ASSERT_TRUE(c.remote.valid());
+    ASSERT_EQ(c.t.device_paths().size(), 1u);
+    EXPECT_NE(c.t.device_paths()[0].find("VID_1D5C&PID_5100"), std::string::npos);
+    EXPECT_GE(c.t.read_pipe(), 0);
 
     std::vector<std::uint8_t> reply(48);
     for (std::size_t i = 0; i < reply.size(); ++i) reply[i] = static_cast<std::uint8_t>(i);
-    const auto m = frame_message(reply.data(), reply.size());
-    ASSERT_TRUE(send_all(remote.fd(), m.data(), m.size()));
+    ASSERT_TRUE(c.send_transfer(reply));
     std::uint8_t buffer[48] = {};
-    EXPECT_EQ(t.read(buffer, 8, 1000), 8);
+    EXPECT_EQ(c.t.read(buffer, 8, 1000), 8);
     EXPECT_EQ(buffer[7], 7);
-    EXPECT_EQ(t.read(buffer, 48, 1000), 40);
+    EXPECT_EQ(c.t.read(buffer, 48, 1000), 40);
     EXPECT_EQ(buffer[0], 8);
-
     // Nothing more: a time-out.
-    EXPECT_EQ(t.read(buffer, 1, 30), -1);
-    // A message of no bytes: a transfer that completed with nothing.
-    const auto empty = frame_message(nullptr, 0);
-    ASSERT_TRUE(send_all(remote.fd(), empty.data(), empty.size()));
-    EXPECT_EQ(t.read(buffer, 1, 1000), 0);
+    EXPECT_EQ(c.t.read(buffer, 1, 30), -1);
+}
 
-    // The host's write arrives as one message.
+TEST(TcpTransport, AWriteIsOneMessageAndWaitsForTheRemotesVerdict)
+{
+    Connected c;
+    ASSERT_TRUE(c.remote.valid());
     const std::uint8_t wake = 0xF8;
     std::size_t written = 0;
-    EXPECT_EQ(t.write(&wake, 1, written, 200), 1);
+    // Taken: the write is done.
+    ASSERT_TRUE(c.send(verdict_message(true)));
+    EXPECT_EQ(c.t.write(&wake, 1, written, 200), 1);
     EXPECT_EQ(written, 1u);
-    std::uint8_t got[3] = {};
-    ASSERT_EQ(::recv(remote.fd(), got, 3, MSG_WAITALL), 3);
-    EXPECT_EQ(got[0], 0);
-    EXPECT_EQ(got[1], 1);
-    EXPECT_EQ(got[2], 0xF8);
+    EXPECT_EQ(c.take(1), (std::vector<std::uint8_t>{0x00, 0x01, 0xF8}));
+    // Not taken: the write times out, as a stalled one on the bus.
+    ASSERT_TRUE(c.send(verdict_message(false)));
+    EXPECT_EQ(c.t.write(&wake, 1, written, 50), -1);
+    EXPECT_EQ(written, 0u);
+    // No verdict at all: a time-out as well.
+    EXPECT_EQ(c.t.write(&wake, 1, written, 30), -1);
+    // A transfer that comes before the verdict is kept for the next read.
+    ASSERT_TRUE(c.send_transfer({0xF6}));
+    ASSERT_TRUE(c.send(verdict_message(true)));
+    EXPECT_EQ(c.t.write(&wake, 1, written, 200), 1);
+    std::uint8_t b = 0;
+    EXPECT_EQ(c.t.read(&b, 1, 200), 1);
+    EXPECT_EQ(b, 0xF6);
+}
 
-    // The other side gone reads as nothing, as a remote pulled from the bus.
+TEST(TcpTransport, AfterATransferOfNoBytesReadsCompleteWithNothingUntilTheHostWrites)
+{
+    Connected c;
+    ASSERT_TRUE(c.remote.valid());
+    ASSERT_TRUE(c.send_transfer({}));
+    std::uint8_t b = 0;
+    EXPECT_EQ(c.t.read(&b, 1, 30), 0);
+    EXPECT_EQ(c.t.read(&b, 1, 30), 0);
+    const std::uint8_t wake = 0xF8;
+    std::size_t written = 0;
+    ASSERT_TRUE(c.send(verdict_message(true)));
+    EXPECT_EQ(c.t.write(&wake, 1, written, 200), 1);
+    // The write ended them: now a read waits for a transfer and times out.
+    EXPECT_EQ(c.t.read(&b, 1, 30), -1);
+}
+
+// Counts the reads that the link issues on the transport it wraps.
+class CountingTransport : public Transport {
+public:
+    explicit CountingTransport(std::unique_ptr<Transport> inner) : inner_(std::move(inner)) {}
+    int reads = 0;
+    std::vector<std::string> device_paths() override { return inner_->device_paths(); }
+    bool open(const std::string& path) override { return inner_->open(path); }
+    void close() override { inner_->close(); }
+    int read_pipe() const override { return inner_->read_pipe(); }
+    int write_pipe() const override { return inner_->write_pipe(); }
+    int read(std::uint8_t* b, std::size_t n, std::uint32_t t) override { return ++reads, inner_->read(b, n, t); }
+    int write(const std::uint8_t* b, std::size_t n, std::size_t& w, std::uint32_t t) override
+    {
+        return inner_->write(b, n, w, t);
+    }
+
+private:
+    std::unique_ptr<Transport> inner_;
+};
+
+TEST(TcpTransport, TheOtherSideGoneReadsAsNothingAtOnceAndClosesThePipes)
+{
+    Loopback loop;
+    ASSERT_TRUE(loop.listener.valid());
+    SystemClock clock;
+    Link link(clock);
+    auto counting = std::make_unique<CountingTransport>(std::make_unique<TcpTransport>(Endpoint{"127.0.0.1", loop.port}));
+    CountingTransport* wire = counting.get();
+    link.set_transport(std::move(counting));
+    ASSERT_EQ(link.open_usb(), 1);
+    Socket remote(::accept(loop.listener.fd(), nullptr, nullptr));
+    ASSERT_TRUE(remote.valid());
     remote.reset();
-    EXPECT_EQ(t.read(buffer, 1, 1000), 0);
-    t.close();
-    EXPECT_EQ(t.read_pipe(), -1);
-    EXPECT_EQ(t.read(buffer, 1, 10), 0);
-    EXPECT_EQ(t.write(&wake, 1, written, 200), 0);
+    std::uint8_t b = 0;
+    // As a remote pulled from the bus: 0, without reading again and again until the time-out.
+    EXPECT_EQ(link.read_usb(&b, 1, 5000), 0);
+    EXPECT_EQ(wire->reads, 1);
+    EXPECT_EQ(wire->read_pipe(), -1);
+    EXPECT_EQ(wire->write_pipe(), -1);
+    std::size_t written = 0;
+    const std::uint8_t wake = 0xF8;
+    EXPECT_EQ(wire->write(&wake, 1, written, 200), 0);
+    link.close_usb();
+    EXPECT_EQ(wire->read(&b, 1, 10), 0);
 }
 
 TEST(TcpTransport, ARefusedConnectionDoesNotOpen)

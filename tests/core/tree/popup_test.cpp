@@ -153,6 +153,24 @@ TEST_F(PopupTest, ItemsDispatchByTheirKeys)
     EXPECT_EQ(t.app.page_windows().all().size(), 3u);
 }
 
+TEST_F(PopupTest, OpenAllPagesOnHomeOrItsPropertiesOrItsPageOpensHomesPages)
+{
+    add_devices(1);
+    for (const char* node : {"HOME1", "HOME1PROPERTIES", "HOME1\\PAGE1"}) {
+        t.app.page_windows().all().clear();
+        select(node);
+        open_allpage(t.app);
+        ASSERT_EQ(t.app.page_windows().all().size(), 1u) << node;
+        EXPECT_EQ(t.app.page_windows().all()[0].caption, "HOME1\\PAGE1") << node;
+    }
+    // A device's properties node opens the device's pages.
+    t.app.page_windows().all().clear();
+    select("DEVICE11PROPERTIES");
+    open_allpage(t.app);
+    ASSERT_EQ(t.app.page_windows().all().size(), 1u);
+    EXPECT_EQ(t.app.page_windows().all()[0].caption, "DEVICE11\\PAGE1");
+}
+
 TEST_F(PopupTest, ShortcutsRunTheSameOperationsWithTheMenusGuards)
 {
     install_all();
