@@ -8,6 +8,7 @@
 #include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
+#include "platform/posix_file_store.h"
 #include "core/document/scripted_ui.h"
 #include "core/image/image_writer.h"
 #include "core/link/download.h"
@@ -35,7 +36,8 @@ void BM_DownloadMaximalImage(benchmark::State& state)
     ScriptedUi ui(out);
     VirtualClock clock;
     NoLauncher launcher;
-    Application app(ui, clock, launcher, std::filesystem::temp_directory_path());
+    PosixFileStore files;
+    Application app(ui, clock, launcher, files, std::filesystem::temp_directory_path());
     auto remote = std::make_shared<emulator::RemoteEmulator>();
     app.link().set_transport(std::make_unique<emulator::EmulatorTransport>(remote, clock));
     std::uint32_t virtual_ms = 0;

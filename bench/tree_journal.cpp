@@ -10,6 +10,7 @@
 #include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
+#include "platform/posix_file_store.h"
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
 #include "core/document/scripted_ui.h"
@@ -39,12 +40,13 @@ struct BenchApp {
     ScriptedUi ui{out};
     VirtualClock clock;
     QuietLauncher launcher;
+    PosixFileStore files;
     std::unique_ptr<Application> app;
 
     explicit BenchApp(int devices)
     {
         std::filesystem::create_directories(home);
-        app = std::make_unique<Application>(ui, clock, launcher, home);
+        app = std::make_unique<Application>(ui, clock, launcher, files, home);
         muNew(*app);
         for (int i = 0; i < devices; ++i) AddDevice(*app, add_ordinary);
         out.str("");

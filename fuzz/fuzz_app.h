@@ -9,6 +9,7 @@
 #include "core/document/clock.h"
 #include "core/document/lifecycle.h"
 #include "core/document/scripted_ui.h"
+#include "platform/posix_file_store.h"
 #include "platform/posix_launcher.h"
 
 namespace tesselo::fuzzing {
@@ -18,7 +19,8 @@ struct FuzzApp {
     ScriptedUi ui{sink};
     VirtualClock clock;
     PosixLauncher launcher;
-    Application app{ui, clock, launcher, "/dev/null/tesselo-fuzz"};
+    PosixFileStore files;
+    Application app{ui, clock, launcher, files, "/dev/null/tesselo-fuzz"};
 
     // Closes the document without saving it, as a user who answers No.
     void close(int document)

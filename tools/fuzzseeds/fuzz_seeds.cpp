@@ -25,6 +25,7 @@
 #include "core/ir/rc_formats.h"
 #include "core/keys/key_locator.h"
 #include "core/keys/step_chain.h"
+#include "platform/posix_file_store.h"
 #include "platform/posix_launcher.h"
 
 #include <unistd.h>
@@ -155,8 +156,9 @@ struct Editor {
     ScriptedUi ui{said};
     VirtualClock clock;
     PosixLauncher launcher;
+    PosixFileStore files;
     Application app;
-    explicit Editor(const fs::path& home) : app(ui, clock, launcher, home) {}
+    explicit Editor(const fs::path& home) : app(ui, clock, launcher, files, home) {}
 
     // BASE opened, changed by `change`, saved as `out`; false with the editor's words on failure.
     bool derive(const std::string& base, const fs::path& out, const std::function<void(Configuration&)>& change)
