@@ -78,14 +78,21 @@ int TcpTransport::read(std::uint8_t* buffer, std::size_t to_read, std::uint32_t 
     }
 }
 
-int TcpTransport::write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written, std::uint32_t)
+int TcpTransport::write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written,
+                        std::uint32_t timeout_ms)
 {
     written = 0;
     if (!socket_.valid()) return 0;
     const auto message = frame_message(buffer, to_write);
-    if (!send_all(socket_.fd(), message.data(), message.size())) return -2;
-    written = to_write;
-    return 1;
+    std::size_t sent = 0;
+    const SendResult result = send_within(socket_.fd(), message.data(), message.size(), timeout_ms, sent);
+    // The caller's bytes that went out, without the two of the length.
+    written = sent > 2 ? sent - 2 : 0;
+    if (result == SendResult::done) return 1;
+    // A message cut short would run into the next one: the connection goes,
+    // as a remote that stopped in the middle of a transfer.
+    if (sent > 0) close();
+    return result == SendResult::timed_out ? -1 : -2;
 }
 
 }  // namespace tesselo
