@@ -8,25 +8,17 @@
 #include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
-#include "platform/posix_file_store.h"
 #include "core/document/scripted_ui.h"
 #include "core/image/image_writer.h"
 #include "core/link/download.h"
+#include "platform/posix_file_store.h"
+#include "quiet_launcher.h"
 #include "emulator/emulator_transport.h"
 #include "full_configuration.h"
 
 namespace {
 
 using namespace tesselo;
-
-class NoLauncher final : public Launcher {
-public:
-    bool is_running(const std::string&) override { return false; }
-    void bring_forward(const std::string&) override {}
-    bool start(const std::string&, const std::string&) override { return false; }
-    void end_process(const std::string&) override {}
-    int open_document(const std::string&) override { return 0; }
-};
 
 void BM_DownloadMaximalImage(benchmark::State& state)
 {
@@ -35,7 +27,7 @@ void BM_DownloadMaximalImage(benchmark::State& state)
     std::ostringstream out;
     ScriptedUi ui(out);
     VirtualClock clock;
-    NoLauncher launcher;
+    bench::QuietLauncher launcher;
     PosixFileStore files;
     Application app(ui, clock, launcher, files, std::filesystem::temp_directory_path());
     auto remote = std::make_shared<emulator::RemoteEmulator>();

@@ -10,7 +10,6 @@
 #include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
-#include "platform/posix_file_store.h"
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
 #include "core/document/scripted_ui.h"
@@ -18,19 +17,12 @@
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"
 #include "core/tree/journal.h"
+#include "platform/posix_file_store.h"
+#include "quiet_launcher.h"
 
 namespace {
 
 using namespace tesselo;
-
-class QuietLauncher : public Launcher {
-public:
-    bool is_running(const std::string&) override { return false; }
-    void bring_forward(const std::string&) override {}
-    bool start(const std::string&, const std::string&) override { return true; }
-    void end_process(const std::string&) override {}
-    int open_document(const std::string&) override { return 33; }
-};
 
 // An application in a folder of its own, with one new document of
 // `devices` devices.
@@ -39,7 +31,7 @@ struct BenchApp {
     std::ostringstream out;
     ScriptedUi ui{out};
     VirtualClock clock;
-    QuietLauncher launcher;
+    bench::QuietLauncher launcher;
     PosixFileStore files;
     std::unique_ptr<Application> app;
 

@@ -256,6 +256,8 @@ void RemoteEmulator::go_ahead(std::uint32_t now)
 
 void RemoteEmulator::end_of_learn(std::uint32_t now)
 {
+    // The end of a learn stops a capture that has not come yet.
+    std::erase_if(pending_, [now](const Outgoing& o) { return o.ready_at > now && o.bytes.size() == 73; });
     if (has(Fault::learn_empty)) return answer_nothing_at_all(now);
     const Tag tag = has(Fault::learn_refused) ? Tag{error_answer, 0x04} : tag_learn_end;
     answer(frame_bytes(make_frame(tag)), now);

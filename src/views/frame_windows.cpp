@@ -8,6 +8,7 @@
 #include "core/document/ui.h"
 #include "core/tree/page_windows.h"
 #include "core/keys/key_selection.h"
+#include "core/keys/step_commands.h"
 #include "core/tree/selection.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
@@ -15,6 +16,7 @@
 #include "views/mainform.h"
 #include "views/mdi_form1.h"
 #include "views/properties_window.h"
+#include "views/edit_ir_form.h"
 #include "views/remote.h"
 
 namespace tesselo {
@@ -176,6 +178,7 @@ void MDIForm1::page_window_opened(int slot, const std::string& caption)
     sub->setWindowIcon(tree_picture("tv"));
     connect(page, &Remote::key_hovered, this, &MDIForm1::show_key_status);
     connect(page, &Remote::key_selected, this, &MDIForm1::key_selected);
+    connect(page, &Remote::key_double_clicked, this, &MDIForm1::add_ir_code);
     connect(page, &Remote::closed, this, &MDIForm1::page_window_closed_by_user);
     sub->show();
     update_commands();
@@ -247,6 +250,19 @@ void MDIForm1::key_selected(Remote* window, int index)
     k.selected_row = is_side_button(index) ? side_button_row(index) * 3 : 0;
     k.selected_left = is_side_button(index) && index % 2 == 0 ? 1 : 0;
     show_key_status(window, index);
+    update_commands();
+}
+
+void MDIForm1::add_ir_code(Remote* window, int index)
+{
+    key_selected(window, index);
+    tesselo::select_key(app_, index);
+    const std::string caption = window->caption().toStdString();
+    EditIRForm form(app_, KeyTarget{window->slot(), caption}, this);
+    if (form.exec() != QDialog::Accepted) return;
+    page_window_changed(window->slot(), caption);
+    show_key_status(window, index);
+    if (properties_) properties_->refresh();
     update_commands();
 }
 

@@ -96,6 +96,8 @@ private:
     void subwindow_activated(QMdiSubWindow* window);
     void show_key_status(Remote* window, int index);
     void key_selected(Remote* window, int index);
+    // Add IR Code for the key at picture `index` of a page window.
+    void add_ir_code(Remote* window, int index);
     void page_window_closed_by_user(Remote* page);
     // The active document's slot and its tree's selected node (0 for none).
     std::pair<int, int> selected_node() const;

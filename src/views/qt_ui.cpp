@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QProgressBar>
 #include <QStringList>
@@ -176,9 +177,16 @@ void QtUi::upload_commands_enabled(bool)
 
 void QtUi::editir_status(const std::string& text)
 {
-    // The Add IR Code dialog reads it when it opens; with no dialog on the
+    // The status line of an open Add IR Code dialog; with no dialog on the
     // screen the user sees nothing, as the link's exchanges intend.
     editir_status_ = text;
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        if (top->objectName() != "EditIR") continue;
+        if (auto* line = top->findChild<QLabel*>("Label3")) {
+            line->setText(q(text));
+            line->repaint();
+        }
+    }
 }
 
 }  // namespace tesselo

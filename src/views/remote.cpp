@@ -189,6 +189,13 @@ void Remote::mouseReleaseEvent(QMouseEvent*)
     update();
 }
 
+void Remote::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const int index = picture_at(event->position());
+    if (index < 0) return;
+    Q_EMIT key_double_clicked(this, index);
+}
+
 void Remote::leaveEvent(QEvent*)
 {
     if (hover_ < 0) return;

@@ -62,6 +62,8 @@ public:
 Q_SIGNALS:
     void key_hovered(Remote* window, int index);
     void key_selected(Remote* window, int index);
+    // A double click on a key: its Add IR Code dialog.
+    void key_double_clicked(Remote* window, int index);
     void closed(Remote* window);
 
 protected:
@@ -69,6 +71,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 

@@ -40,7 +40,8 @@ struct CliBadPaths : ::testing::Test {
         const std::string out = shell_quote((home.path() / "out.kcf").string());
         return {"info " + f,           "check " + f,
                 "dump " + f + " " + arg(), "tree " + f + " " + arg(),
-                "resave " + f + " " + out + " " + arg(), "--link emulator download " + f + " " + arg()};
+                "resave " + f + " " + out + " " + arg(), "--link emulator download " + f + " " + arg(),
+                "simulate " + f + " " + arg()};
     }
 
     // Every command answers `file` with status 2 and "cannot read FILE: WORDS".

@@ -32,5 +32,6 @@ void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& 
 void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_simulate_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 
 }  // namespace tesselo::cli

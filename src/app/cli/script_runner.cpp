@@ -47,6 +47,7 @@ const ScriptOperations& script_operations()
         add_tree_operations(all);
         add_step_operations(all);
         add_link_operations(all);
+        add_ir_operations(all);
         return all;
     }();
     return ops;

@@ -30,6 +30,7 @@ void add_document_operations(ScriptOperations& ops);
 void add_tree_operations(ScriptOperations& ops);
 void add_step_operations(ScriptOperations& ops);
 void add_link_operations(ScriptOperations& ops);
+void add_ir_operations(ScriptOperations& ops);
 
 // Replays a script: 0 when every line ran, 2 when a line cannot be parsed or
 // names something that does not exist, 3 when a question found no answer.

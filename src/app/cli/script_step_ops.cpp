@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "app/cli/script_runner.h"
+#include "app/cli/script_targets.h"
 #include "core/keys/delay_beep_dialogs.h"
 #include "core/keys/hardkey_pictures.h"
 #include "core/keys/ir_step_names.h"
@@ -14,33 +15,6 @@
 namespace tesselo::cli {
 
 namespace {
-
-// A whole number from `low` to `high`, or -1.
-int number_in(const std::string& word, int low, int high)
-{
-    if (word.empty() || word.size() > 5) return -1;
-    for (char c : word)
-        if (c < '0' || c > '9') return -1;
-    const int n = std::atoi(word.c_str());
-    return n >= low && n <= high ? n : -1;
-}
-
-// The key target of the active document: its page is the selected page node.
-std::optional<KeyTarget> page_target(CliContext& ctx)
-{
-    const Document* doc = ctx.app.active();
-    const TreeSelection& s = ctx.app.selection();
-    if (!doc || s.slot != doc->slot || (s.image != "tv" && s.image != "hide tv")) return std::nullopt;
-    return KeyTarget{doc->slot, s.node_key};
-}
-
-// A step operation needs a selected page and a selected key.
-std::optional<KeyTarget> key_target(CliContext& ctx)
-{
-    auto target = page_target(ctx);
-    if (!target || ctx.app.key_selection.selected_kind == kind_none) return std::nullopt;
-    return target;
-}
 
 LineResult dialog_result(DialogOk outcome)
 {
@@ -98,7 +72,7 @@ void add_step_operations(ScriptOperations& ops)
         }
         if (picture < 0) return LineResult::bad_line;
         select_key(ctx.app, picture);
-        load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home()));
+        load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home(), &ctx.app.my_database()));
         return LineResult::done;
     };
     ops["add-delay"] = [](CliContext& ctx, const ScriptArgs& args) {
@@ -152,7 +126,7 @@ void add_step_operations(ScriptOperations& ops)
     ops["steps"] = [](CliContext& ctx, const ScriptArgs& args) {
         const auto target = key_target(ctx);
         if (!target || !args.empty()) return LineResult::bad_line;
-        for (const auto& row : load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home())))
+        for (const auto& row : load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home(), &ctx.app.my_database())))
             ctx.output << row.text << '\n';
         return LineResult::done;
     };

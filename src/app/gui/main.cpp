@@ -12,6 +12,7 @@
 #include "core/app/application.h"
 #include "core/document/clock.h"
 #include "core/document/home_folder.h"
+#include "core/ir/my_database_store.h"
 #include "core/document/lifecycle.h"
 #include "platform/executable_folder.h"
 #include "platform/posix_file_store.h"
@@ -94,6 +95,9 @@ int main(int argc, char** argv)
     QObject::connect(&server, &tesselo::InstanceServer::files_received, &frame, &tesselo::MDIForm1::open_files);
 
     frame.show();
+    // The frame's loading: My Database, its files made where they are missing.
+    if (!app.my_database().error().empty())
+        ui.message(tesselo::title_main, app.my_database().error(), tesselo::Icon::exclamation);
     splash.close();
     QApplication::processEvents();
     if (std::getenv("TESSELO_STARTUP_LOG") || quit_when_ready)

@@ -5,6 +5,7 @@
 #include "core/document/clock.h"
 #include "core/document/log.h"
 #include "core/image/open_state.h"
+#include "core/ir/my_database_store.h"
 #include "core/tree/edit_state.h"
 #include "core/tree/journal.h"
 #include "core/tree/page_windows.h"
@@ -92,6 +93,15 @@ void Application::remove_listener(ApplicationListener* listener)
 void Application::write_log(const std::string& text)
 {
     append_log_line(home_ / log_file_name(clock_.local_time()), text);
+}
+
+MyDatabaseStore& Application::my_database()
+{
+    if (!my_database_) {
+        my_database_ = std::make_unique<MyDatabaseStore>(home_);
+        my_database_->load();
+    }
+    return *my_database_;
 }
 
 }  // namespace tesselo

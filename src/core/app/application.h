@@ -28,6 +28,7 @@ struct TreeSelection;
 struct EditState;
 struct TreeCommands;
 struct OpenState;
+class MyDatabaseStore;
 
 // An open document window (a mainform): the slot its tables live in (its tag)
 // and its title, "Untitled" and a number, or the file's path.
@@ -95,6 +96,9 @@ public:
     PageWindows& page_windows() { return *page_windows_; }
     TreeCommands& tree_commands() { return *tree_commands_; }
     OpenState& open_state() { return *open_state_; }
+    // My Database, read from the home folder on first use (the frame reads it
+    // at start); its files are created when they are missing.
+    MyDatabaseStore& my_database();
 
     // One byte per slot: 0 free, 1 in use.
     std::array<std::uint8_t, document_slots> slot_in_use{};
@@ -157,6 +161,7 @@ private:
     std::unique_ptr<PageWindows> page_windows_;
     std::unique_ptr<TreeCommands> tree_commands_;
     std::unique_ptr<OpenState> open_state_;
+    std::unique_ptr<MyDatabaseStore> my_database_;
     std::vector<Document> documents_;
     int active_ = -1;
     std::vector<ApplicationListener*> listeners_;

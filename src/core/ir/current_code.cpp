@@ -36,4 +36,39 @@ IrFormatRecord CurrentIrCode::format_record() const
     return record;
 }
 
+IrCodeValue CurrentIrCode::value() const
+{
+    IrCodeValue code;
+    code.learned = is_learned();
+    if (code.learned) {
+        code.learned_bytes = current_ir_data;
+        return code;
+    }
+    code.format_id = format_id;
+    code.format = format_record();
+    code.words = ir_code_words;
+    code.word_count = ir_code_word_count;
+    return code;
+}
+
+void CurrentIrCode::set_value(const IrCodeValue& code, std::uint8_t type, const std::string& code_name)
+{
+    if (code.learned) {
+        current_ir_format.fill(0);
+        current_ir_data = code.learned_bytes;
+        ir_code_words.fill(0);
+        ir_code_word_count = 0;
+        current_ir_word_count = 0;
+        format_id = 0;
+    } else {
+        set_code(code.format, code.words, code.word_count, std::min(code.word_count, 32));
+        format_id = code.format_id;
+    }
+    current_ir_type = type;
+    library_code = 0;
+    library_label.clear();
+    library_key = -1;
+    name = code_name;
+}
+
 }  // namespace tesselo

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/ir/ir_storage.h"
 #include "core/ir/rc_codes.h"
 #include "core/model/configuration.h"
 
@@ -51,6 +52,16 @@ public:
     void set_code(const IrFormatRecord& format, const IrCodeWords& words, int count, int data_words);
     // The words of `current_ir_format` again.
     IrFormatRecord format_record() const;
+
+    // A learned code (5, or 133 from My Database) is its 64 bytes alone.
+    bool is_learned() const
+    {
+        return current_ir_type == ir_type_learned || current_ir_type == ir_type_mydatabase_learned;
+    }
+    // The code by value, as it is stored into a document or My Database.
+    IrCodeValue value() const;
+    // Takes a code by value as the current code of `type`, named `name`.
+    void set_value(const IrCodeValue& code, std::uint8_t type, const std::string& code_name);
 };
 
 }  // namespace tesselo

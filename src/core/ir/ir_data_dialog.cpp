@@ -77,6 +77,24 @@ void IRData::choose_codeset(int index)
 
 void IRData::choose_function(int index) { function_ = in_list(index, functions_.size()) ? index : -1; }
 
+bool IRData::choose_codeset_label(const std::string& label)
+{
+    const auto parsed = parse_codeset_label(label);
+    if (!parsed) return false;
+    const std::string wanted = codeset_label(check_libdevice(parsed->first), parsed->second);
+    choose_category(parsed->first);
+    for (int b = 0; b < static_cast<int>(brands_.size()); ++b) {
+        choose_brand(b);
+        const auto found = std::find(codeset_labels_.begin(), codeset_labels_.end(), wanted);
+        if (found != codeset_labels_.end()) {
+            choose_codeset(static_cast<int>(found - codeset_labels_.begin()));
+            return true;
+        }
+    }
+    choose_brand(-1);
+    return false;
+}
+
 bool IRData::ok()
 {
     if (codeset_ < 0 || function_ < 0) {

@@ -41,6 +41,10 @@ public:
     void choose_codeset(int index);
     const std::vector<std::string>& functions() const { return functions_; }
     void choose_function(int index);
+    // Chooses the category, brand and code set of a code set's label
+    // ("tv000" or "tv000:"), as a user walks to it; false when the lists do
+    // not hold it.
+    bool choose_codeset_label(const std::string& label);
 
     // OK: true when the chosen code is now the current code; false after a
     // message, the dialog staying open.

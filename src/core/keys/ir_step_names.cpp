@@ -3,12 +3,14 @@
 #include "core/ir/ir_categories.h"
 #include "core/ir/ir_data_dialog.h"
 #include "core/ir/key_list.h"
+#include "core/ir/my_database_store.h"
 #include "core/ir/rc_codes.h"
 #include "core/keys/step_chain.h"
 
 namespace tesselo {
 
-LibraryStepNames::LibraryStepNames(const std::filesystem::path& home)
+LibraryStepNames::LibraryStepNames(const std::filesystem::path& home, const MyDatabaseStore* my_database)
+    : my_database_(my_database)
 {
     IrLibraryFiles files = load_ir_library_files(home);
     brandlist_ = std::move(files.brandlist);
@@ -16,8 +18,10 @@ LibraryStepNames::LibraryStepNames(const std::filesystem::path& home)
     records_ = read_brandlist(brandlist_);
 }
 
-LibraryStepNames::LibraryStepNames(std::vector<std::uint8_t> brandlist, std::vector<std::uint8_t> keylist)
-    : brandlist_(std::move(brandlist)), keylist_(std::move(keylist)), records_(read_brandlist(brandlist_))
+LibraryStepNames::LibraryStepNames(std::vector<std::uint8_t> brandlist, std::vector<std::uint8_t> keylist,
+                                   const MyDatabaseStore* my_database)
+    : brandlist_(std::move(brandlist)), keylist_(std::move(keylist)), records_(read_brandlist(brandlist_)),
+      my_database_(my_database)
 {
 }
 
@@ -35,6 +39,22 @@ std::array<std::string, 3> LibraryStepNames::library_parts(const ActionStep& ste
     if (const auto parsed = parse_codeset_label(label))
         device_type = ir_categories[static_cast<std::size_t>(parsed->first)].display_name;
     return {"IR CODE", device_type + "-" + brand + "-", "- " + decode_keyname(keylist_, label, step.extra)};
+}
+
+std::array<std::string, 3> LibraryStepNames::my_database_parts(const Configuration& config, const ActionStep& step) const
+{
+    const bool learned = step.step_type == step_mydatabase_learning;
+    std::array<std::string, 3> parts{learned ? "MYDATABASE LEARNING CODE" : "MYDATABASE CODE", "", ""};
+    if (!my_database_) return parts;
+    // The code is found in My Database by what it sends: a code registered
+    // under names shows them, one that My Database no longer holds does not.
+    const int stored = step_number_value(step);
+    const IrCodeValue code = learned ? stored_learned_code(config, stored) : stored_ir_code(config, stored);
+    if (const auto names = my_database_->names_of_code(code)) {
+        parts[1] = (*names)[0] + "-" + (*names)[1] + "-";
+        parts[2] = (*names)[2] + "- " + (*names)[3];
+    }
+    return parts;
 }
 
 std::array<std::string, 2> rc_step_fields(const Configuration& config, const ActionStep& step)
@@ -72,8 +92,8 @@ std::array<std::string, 3> LibraryStepNames::ir_parts(const Configuration& confi
         const auto fields = rc_step_fields(config, step);
         return {names[step.step_type], fields[0], fields[1]};
     }
-    case step_mydatabase: return {"MYDATABASE CODE", "", ""};
-    case step_mydatabase_learning: return {"MYDATABASE LEARNING CODE", "", ""};
+    case step_mydatabase:
+    case step_mydatabase_learning: return my_database_parts(config, step);
     default: return {"", "", ""};
     }
 }

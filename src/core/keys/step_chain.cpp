@@ -17,7 +17,12 @@ ActionList* list_at(Configuration& config, int list)
     return &config.action_lists.entries[static_cast<std::size_t>(list)];
 }
 
-bool uses_value(std::uint8_t type) { return type == step_ir_code || type == step_link || type == step_beep; }
+// A library code and a link name their target in value; every other code
+// keeps its duration there, a beep its frequency.
+bool uses_value(std::uint8_t type)
+{
+    return type != step_jump && type != step_delay && type != step_free;
+}
 bool uses_extra(std::uint8_t type) { return type == step_ir_code || type == step_link; }
 
 void write_payload(ActionStep& s, const StepFields& f)
@@ -175,6 +180,9 @@ void delete_irdata(Configuration& config, int step)
 {
     const int record = step_number_value(step_at(config, step));
     if (record >= ir_data_rows) return;
+    // A code is stored once however many keys send it: while another step
+    // still sends it, its cells stay.
+    if (ir_record_shared(config, record, step)) return;
     const int length = config.ir_data_index[static_cast<std::size_t>(record)].length;
     auto& cells = config.ir_data.record(record);
     for (int w = 0; w <= length / 2 + 1 && w < ir_record_words; ++w) cells[static_cast<std::size_t>(w)] = 255;

@@ -53,7 +53,8 @@ bool move_marcostep_up(Configuration& config, int list, int index);
 bool move_marcostep_down(Configuration& config, int list, int index);
 
 // Releases the stored code of a step of type 0 to 4: every cell of the code,
-// from the first to length / 2 + 1, becomes 255. The code's index is kept.
+// from the first to length / 2 + 1, becomes 255. The code's index is kept,
+// and a code that another step still sends is left whole.
 void delete_irdata(Configuration& config, int step);
 // Releases the learned-code number of a step of type 5 in the learned-code
 // map, by subtracting its mask from the map's byte (no bit clear, no check).

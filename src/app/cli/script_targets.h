@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/cli/cli_context.h"
+#include "core/keys/step_commands.h"
+
+namespace tesselo::cli {
+
+// A whole number from `low` to `high` written in digits, or -1.
+int number_in(const std::string& word, int low, int high);
+
+// The key target of the active document: its page is the selected page node.
+std::optional<KeyTarget> page_target(CliContext& ctx);
+// A key operation needs a selected page and a selected key.
+std::optional<KeyTarget> key_target(CliContext& ctx);
+
+}  // namespace tesselo::cli
