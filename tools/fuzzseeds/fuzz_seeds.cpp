@@ -1,16 +1,15 @@
-// tesselo-fuzz-seeds BASE.kcf FOLDER: the seeds of the fuzzers' corpus that
-// the editor's commands cannot make: IR codes of every kind in both layouts
-// of the IR data, learned codes, and one file for each fault of the check.
-// BASE is a file that tesselo-cli built (devices, pages and steps); each
-// seed is BASE opened in the editor's tables, changed, and saved again.
-#include <cstdio>
+// tesselo-fuzz-seeds BASE.kcf IR.kcf FOLDER: the seeds of the fuzzers'
+// corpus that the editor's commands never write: one file for each fault type
+// of the check (BASE opened in the editor's tables, changed, and saved again),
+// and IR.kcf with its IR data in the old layout, without closing words. Both
+// files are ones that tesselo-cli built.
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <stdexcept>
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <unistd.h>
 #include <vector>
 
 #include "core/app/application.h"
@@ -21,86 +20,13 @@
 #include "core/image/image_file.h"
 #include "core/image/image_layout.h"
 #include "core/image/image_writer.h"
-#include "core/ir/rc_codes.h"
-#include "core/ir/rc_formats.h"
-#include "core/keys/key_locator.h"
-#include "core/keys/step_chain.h"
 #include "platform/posix_file_store.h"
 #include "platform/posix_launcher.h"
-
-#include <unistd.h>
 
 namespace {
 
 using namespace tesselo;
 namespace fs = std::filesystem;
-
-// A step on hard key `key` of device row 1.
-void append_hard(Configuration& c, int key, const StepFields& fields)
-{
-    KeyPlace place;
-    place.kind = 1;
-    place.device = 1;
-    place.hard_entry = hardkeys_per_device + key;
-    if (append_to_chain(c, place, fields).outcome != AppendOutcome::appended)
-        throw std::runtime_error("no room for a step");
-}
-
-// One code of each protocol and one of the library (a format id of its
-// own), each stored once with its format, and a step on a hard key for each.
-void add_ir_codes(Configuration& c)
-{
-    struct Code {
-        std::int16_t id;
-        void (*format)(IrFormatRecord&);
-        std::function<int(IrCodeWords&)> encode;
-        std::uint8_t step_type;
-    };
-    const std::vector<Code> codes = {
-        {format_id_rc5, default_IR5Type, [](IrCodeWords& w) { return encode_rc5(w, 0, 12); }, step_rc5},
-        {format_id_rc5x, default_IR5XType, [](IrCodeWords& w) { return encode_rc5x(w, 5, 70, 33); }, step_rc5x},
-        {format_id_rc6, default_IR60Type, [](IrCodeWords& w) { return encode_rc6(w, 0, 12); }, step_rc6},
-        {format_id_rc6a, default_IR6AType, [](IrCodeWords& w) { return encode_rc6a(w, 32768, 4, 12); }, step_rc6a},
-        {1234, default_IR5Type, [](IrCodeWords& w) { return encode_rc5(w, 3, 100); }, step_ir_code},
-    };
-    int offset = 0;
-    for (const Code& code : codes) {
-        const int f = c.ir_formats.format_count++;
-        code.format(c.ir_formats.records[static_cast<std::size_t>(f)]);
-        c.ir_format_ids[static_cast<std::size_t>(f)] = code.id;
-        IrCodeWords words{};
-        const int count = code.encode(words);
-        words[0] = static_cast<std::int16_t>(f);
-        const int r = c.ir_data.record_count++;
-        auto& record = c.ir_data.record(r);
-        for (int w = 0; w < count; ++w) record[static_cast<std::size_t>(w)] = words[static_cast<std::size_t>(w)];
-        record[static_cast<std::size_t>(count)] = ir_closing_word;
-        record[static_cast<std::size_t>(count + 1)] = 0;
-        c.ir_data_index[static_cast<std::size_t>(r)] = {offset, static_cast<std::uint8_t>(2 * count)};
-        offset += 2 * count + 4;
-        StepFields step;
-        step.step_type = code.step_type;
-        step.param_low = static_cast<std::uint8_t>(r);
-        step.value = static_cast<std::uint16_t>(code.step_type == step_ir_code ? 17 : 0);
-        append_hard(c, r, step);
-    }
-}
-
-// Three learned codes in slots 0, 1 and 9, each sent by a hard key.
-void add_learned_codes(Configuration& c)
-{
-    for (int slot : {0, 1, 9}) {
-        c.learning_bitmap[static_cast<std::size_t>(slot / 8)] |= static_cast<std::uint8_t>(128 >> (slot % 8));
-        auto& code = c.learning_memory[static_cast<std::size_t>(slot)];
-        for (std::size_t b = 0; b < code.size(); ++b) code[b] = static_cast<std::uint8_t>(slot * 7 + b * 13);
-        c.learning_keys[static_cast<std::size_t>(slot)] = static_cast<std::int16_t>(10 + slot);
-        StepFields step;
-        step.step_type = step_learning;
-        step.param_low = static_cast<std::uint8_t>(slot);
-        step.value = static_cast<std::uint16_t>(slot == 9 ? 0 : 1500);  // 0: the reader gives it 3000
-        append_hard(c, 20 + slot, step);
-    }
-}
 
 // The first device page gets two keys beside its own: `a` and `b`.
 void two_keys(Configuration& c, const SoftKey& a, const SoftKey& b)
@@ -178,26 +104,25 @@ struct Editor {
 
 int main(int argc, char** argv)
 {
-    if (argc != 3) {
-        std::cerr << "usage: tesselo-fuzz-seeds BASE.kcf FOLDER\n";
+    if (argc != 4) {
+        std::cerr << "usage: tesselo-fuzz-seeds BASE.kcf IR.kcf FOLDER\n";
         return 2;
     }
     const std::string base = argv[1];
-    const fs::path folder = argv[2];
+    const std::string ir_codes = argv[2];
+    const fs::path folder = argv[3];
     const fs::path home = fs::temp_directory_path() / ("tesselo-fuzz-seeds-" + std::to_string(::getpid()));
     fs::create_directories(home);
     fs::create_directories(folder);
     Editor editor(home);
     bool ok = true;
     try {
-        ok = ok && editor.derive(base, folder / "ir-codes.kcf", add_ir_codes);
-        ok = ok && editor.derive(base, folder / "learned-codes.kcf", add_learned_codes);
         ok = ok && editor.derive(base, folder / "fault-1-shared-label.kcf", fault_shared_label);
         ok = ok && editor.derive(base, folder / "fault-2-shared-list.kcf", fault_shared_list);
         ok = ok && editor.derive(base, folder / "fault-3-half-key.kcf", fault_half_key);
         if (ok) {
             std::vector<std::uint8_t> current;
-            ok = !read_image_file((folder / "ir-codes.kcf").string(), current);
+            ok = !read_image_file(ir_codes, current);
             const auto old = old_layout(current);
             std::ofstream(folder / "ir-old-layout.kcf", std::ios::binary)
                 .write(reinterpret_cast<const char*>(old.data()), static_cast<std::streamsize>(old.size()));
