@@ -14,6 +14,7 @@
 #include "core/document/scripted_ui.h"
 #include "platform/posix_file_store.h"
 #include "platform/posix_launcher.h"
+#include "offscreen_main.h"
 #include "views/mdi_form1.h"
 #include "views/remote.h"
 
@@ -76,12 +77,4 @@ BENCHMARK(BM_PaintPageWindow)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 
-int main(int argc, char** argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication qt(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}
+TESSELO_OFFSCREEN_BENCHMARK_MAIN()

@@ -8,6 +8,7 @@
 #include <QPainterPath>
 #include <QPixmap>
 #include <QRadialGradient>
+#include <QToolButton>
 
 namespace tesselo {
 
@@ -305,7 +306,51 @@ QIcon tree_picture(const QString& image)
             if (hidden) hidden_mark(p);
         });
     }
+    // The keys of the Link dialog's tree: a side button, a hard button, and
+    // greyed the ones that cannot be chosen.
+    if (image == "button" || image == "disablebutton" || image == "hardbutton" || image == "disablehardbutton") {
+        const bool hard = image.endsWith("hardbutton");
+        const bool disabled = image.startsWith("disable");
+        return make_icon([hard, disabled](QPainter& p) {
+            if (disabled) p.setOpacity(0.4);
+            p.setPen(line(ink, 1.5));
+            p.setBrush(hard ? QColor(0xC9, 0xCE, 0xD6) : QColor(0xA8, 0xD8, 0x8C));
+            if (hard) p.drawEllipse(QRectF(6, 8, 20, 16));
+            else p.drawRoundedRect(QRectF(4, 10, 24, 12), 3, 3);
+        });
+    }
     return {};
+}
+
+QIcon command_picture(const QString& key)
+{
+    if (key.startsWith("align ")) {
+        const int side = key == "align left" ? 0 : key == "align right" ? 2 : 1;
+        return make_icon([side](QPainter& p) {
+            p.setPen(line(ink, 2.4));
+            const int widths[] = {22, 14, 20, 12};
+            for (int i = 0; i < 4; ++i) {
+                const qreal w = widths[i];
+                const qreal left = side == 0 ? 5 : side == 2 ? 27 - w : 16 - w / 2;
+                p.drawLine(QPointF(left, 8 + i * 5.5), QPointF(left + w, 8 + i * 5.5));
+            }
+        });
+    }
+    if (key == "move up" || key == "move down") {
+        const bool up = key == "move up";
+        return make_icon([up](QPainter& p) { arrow(p, QPointF(16, up ? 26 : 6), QPointF(16, up ? 6 : 26), blue); });
+    }
+    return {};
+}
+
+QToolButton* picture_button(const QString& name, const QString& picture, const QString& tip, QWidget* parent)
+{
+    auto* b = new QToolButton(parent);
+    b->setObjectName(name);
+    b->setIcon(command_picture(picture));
+    b->setIconSize(QSize(18, 18));
+    b->setToolTip(tip);
+    return b;
 }
 
 QIcon program_icon()

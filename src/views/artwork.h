@@ -5,6 +5,8 @@
 #include <QString>
 
 class QPainter;
+class QToolButton;
+class QWidget;
 
 namespace tesselo {
 
@@ -14,8 +16,14 @@ namespace tesselo {
 // A toolbar picture by its key ("new", "open", ..., "clocksync", "help").
 QIcon toolbar_picture(const QString& key);
 // A tree node's picture by its image name: "home", "properties", "tv",
-// "hide tv", "device", "hide device".
+// "hide tv", "device", "hide device", and the Link dialog's "button",
+// "hardbutton", "disablebutton", "disablehardbutton".
 QIcon tree_picture(const QString& image);
+// A button's picture in the properties window: "align left", "align center",
+// "align right", "move up", "move down".
+QIcon command_picture(const QString& key);
+// A tool button named `name` with that picture and tool tip.
+QToolButton* picture_button(const QString& name, const QString& picture, const QString& tip, QWidget* parent);
 // The program's icon: the remote with its display.
 QIcon program_icon();
 

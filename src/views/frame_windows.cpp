@@ -139,20 +139,38 @@ void MDIForm1::tree_changed(int slot)
 void MDIForm1::selection_changed(int slot)
 {
     if (mainform* form = document_window(app_.document_of_slot(slot))) form->show_selection();
-    if (properties_) properties_->refresh();
+    if (properties_) properties_->selection_moved();
     update_commands();
 }
 
 void MDIForm1::edit_states_changed() { update_commands(); }
 
-void MDIForm1::properties_requested()
+properties* MDIForm1::ensure_properties()
 {
     if (!properties_) {
         properties_ = new properties(app_, this);
+        connect(properties_, &properties::data_changed, this, &MDIForm1::update_commands);
     }
-    properties_->refresh();
+    return properties_;
+}
+
+void MDIForm1::properties_requested()
+{
+    ensure_properties()->selection_moved();
     properties_->show();
     properties_->raise();
+}
+
+void MDIForm1::label_requested()
+{
+    ensure_properties()->show_label();
+    properties_->show();
+    properties_->raise();
+}
+
+void MDIForm1::page_key_changed(int slot, const std::string& caption, int picture)
+{
+    if (Remote* page = page_window(slot, QString::fromStdString(caption))) page->refresh_key(picture);
 }
 
 void MDIForm1::page_window_opened(int slot, const std::string& caption)
@@ -243,13 +261,16 @@ void MDIForm1::key_selected(Remote* window, int index)
     const int slot = window->slot();
     const int node = app_.tree(slot).find(window->caption().toStdString());
     if (node != 0) click_node(app_, slot, node);
-    TreeSelection& s = app_.selection();
-    s.selected_kind = TreeSelection::Kind::key;
-    KeySelection& k = app_.key_selection;
-    k.selected_index = index;
-    k.selected_row = is_side_button(index) ? side_button_row(index) * 3 : 0;
-    k.selected_left = is_side_button(index) && index % 2 == 0 ? 1 : 0;
+    select_key(app_, index);
     show_key_status(window, index);
+    // The key is loaded into the properties window, which shows itself
+    // beside the page without taking the keyboard from it.
+    properties* shown = ensure_properties();
+    shown->selection_moved();
+    if (!shown->isVisible()) {
+        shown->setAttribute(Qt::WA_ShowWithoutActivating);
+        shown->show();
+    }
     update_commands();
 }
 

@@ -5,7 +5,7 @@
 
 #include <QPainter>
 
-#include "core/model/glyphs.h"
+#include "core/keys/char_pic_list.h"
 
 namespace tesselo {
 
@@ -48,6 +48,7 @@ const std::unordered_map<int, GlyphBitmap>& characters()
         {'~', {0x00, 0x00, 0x08, 0x15, 0x02, 0x00, 0x00}}, {'<', {0x02, 0x04, 0x08, 0x10, 0x08, 0x04, 0x02}},
         {'>', {0x08, 0x04, 0x02, 0x01, 0x02, 0x04, 0x08}}, {'?', {0x0E, 0x11, 0x01, 0x02, 0x04, 0x00, 0x04}},
         {'|', {0x04, 0x04, 0x04, 0x04, 0x04, 0x04, 0x04}}, {'_', {0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x1F}},
+        {231, {0x00, 0x0E, 0x10, 0x10, 0x11, 0x0E, 0x04}},
     };
     return font;
 }
@@ -92,8 +93,9 @@ constexpr std::array<GlyphBitmap, 31> symbols = {{
 GlyphBitmap glyph_bitmap(int code)
 {
     if (code >= 70 && code <= 100) return symbols[static_cast<std::size_t>(code - 70)];
-    const int character = check_bmptag(code);
-    if (character <= 0 || character >= 200) return {};
+    // The pictures are those of the glyph list the label is typed from.
+    const int character = glyph_tag(code);
+    if (character <= 0) return {};
     const auto& font = characters();
     const auto it = font.find(character);
     return it == font.end() ? GlyphBitmap{} : it->second;

@@ -20,7 +20,8 @@ inline constexpr int glyph_advance = 6;
 using GlyphBitmap = std::array<std::uint8_t, glyph_height>;
 
 // The picture of a glyph code: letters, digits and punctuation as the
-// character that check_bmptag names, the remote's symbols as their signs.
+// character of its tag in the typing list (char_pic_list.h), the remote's
+// symbols as their signs.
 // Code 0 (a blank), the empty cell and unknown codes are empty.
 GlyphBitmap glyph_bitmap(int code);
 

@@ -19,11 +19,13 @@
 #include "core/link/clock_sync.h"
 #include "core/link/download.h"
 #include "core/link/upload.h"
+#include "core/keys/properties_content.h"
 #include "core/tree/adding.h"
 #include "core/tree/edit_state.h"
 #include "core/tree/journal.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/popup_menu.h"
+#include "core/tree/selection.h"
 #include "core/tree/tree_commands.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
@@ -93,17 +95,24 @@ void MDIForm1::register_commands()
     };
     commands_["muExpandall"] = [this] { set_all_expanded(true); };
     commands_["muCollapseall"] = [this] { set_all_expanded(false); };
-    commands_["muproperties"] = [this] { properties_requested(); };
+    commands_["muproperties"] = [this] { muproperties_Click(app_); };
     // The tree's operations that other parts of the program install.
     const auto installed = [this](TreeCommands::Command TreeCommands::*member) {
         return [this, member] {
             if (app_.tree_commands().*member) (app_.tree_commands().*member)(app_);
         };
     };
-    commands_["muCut"] = installed(&TreeCommands::cut);
-    commands_["muCopy"] = installed(&TreeCommands::copy);
-    commands_["muPaste"] = installed(&TreeCommands::paste);
-    commands_["muDelete"] = installed(&TreeCommands::remove);
+    // The Edit commands take the key path while the last click was on a key.
+    const auto edit = [this](TreeCommands::Command TreeCommands::*tree_path, TreeCommands::Command TreeCommands::*key_path) {
+        return [this, tree_path, key_path] {
+            const auto member = app_.selection().selected_kind == TreeSelection::Kind::key ? key_path : tree_path;
+            if (app_.tree_commands().*member) (app_.tree_commands().*member)(app_);
+        };
+    };
+    commands_["muCut"] = edit(&TreeCommands::cut, &TreeCommands::key_cut);
+    commands_["muCopy"] = edit(&TreeCommands::copy, &TreeCommands::key_copy);
+    commands_["muPaste"] = edit(&TreeCommands::paste, &TreeCommands::key_paste);
+    commands_["muDelete"] = edit(&TreeCommands::remove, &TreeCommands::key_delete);
     commands_["muMoveUp"] = installed(&TreeCommands::move_up);
     commands_["muMoveDown"] = installed(&TreeCommands::move_down);
     commands_["label"] = installed(&TreeCommands::label);
@@ -262,6 +271,7 @@ bool MDIForm1::command_enabled(const QString& command) const
     if (command == "muOpenPage") return has_document && selected && is_page_image(selected->image);
     if (command == "muUndo") return app.edit_state().undo_menu;
     if (command == "muRedo") return app.edit_state().redo_menu;
+    if (const auto key = edit_command_of_key(command)) return *key;
     if (command == "muCut" || command == "muDelete" || command == "label")
         return has_document && !home_selected && installed(command == "muCut"      ? &TreeCommands::cut
                                                            : command == "muDelete" ? &TreeCommands::remove
@@ -273,6 +283,21 @@ bool MDIForm1::command_enabled(const QString& command) const
     if (command == "muCascade" || command == "muTileHor" || command == "muTileVer")
         return !area_->subWindowList().isEmpty();
     return true;
+}
+
+std::optional<bool> MDIForm1::edit_command_of_key(const QString& command) const
+{
+    Application& app = const_cast<Application&>(app_);
+    const bool edit = command == "muCut" || command == "muCopy" || command == "muPaste" || command == "muDelete";
+    if (!edit || app.selection().selected_kind != TreeSelection::Kind::key) return std::nullopt;
+    // What the key allows, and only where the key path is there.
+    const auto allows = key_edit_enables(app, app.edit_state().paste_button);
+    if (!allows) return false;
+    const TreeCommands& c = app.tree_commands();
+    if (command == "muCut") return allows->cut && static_cast<bool>(c.key_cut);
+    if (command == "muCopy") return allows->copy && static_cast<bool>(c.key_copy);
+    if (command == "muPaste") return allows->paste && static_cast<bool>(c.key_paste);
+    return allows->remove && static_cast<bool>(c.key_delete);
 }
 
 // Toolbar buttons whose state is their own: the journal's and HOME's.

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 #include <QHash>
@@ -57,6 +58,8 @@ public:
     Remote* open_page(int document, const QString& node_key);
     void close_pages(int slot);
     properties* properties_window() const { return properties_; }
+    // The properties window, made the first time it is needed.
+    properties* ensure_properties();
 
     // The status line and the progress bar, as the Ui port drives them.
     void set_status(const QString& text);
@@ -80,6 +83,8 @@ public:
     void page_window_changed(int slot, const std::string& caption) override;
     void edit_states_changed() override;
     void properties_requested() override;
+    void label_requested() override;
+    void page_key_changed(int slot, const std::string& caption, int picture) override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -91,6 +96,8 @@ private:
     void run(const QString& command);
     bool command_enabled(const QString& command) const;
     bool button_enabled(const QString& key) const;
+    // Cut, Copy, Paste and Delete while a key is selected: what the key allows.
+    std::optional<bool> edit_command_of_key(const QString& command) const;
     void set_all_expanded(bool expanded);
     int document_index(const mainform* window) const;
     void subwindow_activated(QMdiSubWindow* window);

@@ -2,44 +2,64 @@
 
 #include <QWidget>
 
-#include "core/model/key_label.h"
+#include "core/keys/ir_step_names.h"
+#include "core/keys/properties_content.h"
 
 class QLabel;
-class QTreeWidget;
+class QStackedWidget;
+class QTabBar;
 
 namespace tesselo {
 
 class Application;
+class ActionFrame;
+class DeviceFrame;
+class LabelFrame;
 
-// A device's name as the remote shows it: glyphs on the display's green.
-class NamePanel : public QWidget {
-    Q_OBJECT
-public:
-    explicit NamePanel(QWidget* parent = nullptr);
-    void set_label(const KeyLabel& label) { label_ = label; update(); }
-    QSize sizeHint() const override { return {180, 34}; }
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    KeyLabel label_;
-};
-
-// The properties window, one for the application: it shows what the tree's
-// selection shows (HOME, a device's name panel, the soft keys of a page).
+// The properties window, one for the application: what the selection of the
+// tree and of the page canvas holds. A page shows the frame noproperties; a
+// device (or HOME) "Device properties" and its Label on TabStrip1; a soft key
+// its Action and Label on TabStrip1, a hard key on TabStrip2; the Label
+// command on a device the Label alone on TabStrip3.
 class properties : public QWidget {
     Q_OBJECT
 public:
     properties(Application& app, QWidget* parent = nullptr);
-    // Shows the selection that core holds.
+    // Shows the selection that core holds, as Properties... shows it.
     void refresh();
+    // The selection moved: the ordinary view of it.
+    void selection_moved();
+    // labelproperties: the Label tab forward (the Label alone for a device).
+    void show_label();
+
+    const PropertiesContent& content() const { return content_; }
+    QTabBar* tab_strip() const;
+    ActionFrame* action_frame() const { return action_; }
+    LabelFrame* label_frame() const { return label_; }
+    DeviceFrame* device_frame() const { return device_; }
+
+Q_SIGNALS:
+    // A key's or a device's data changed here: the frame updates its commands.
+    void data_changed();
 
 private:
+    void show_tab(int tab);
+    void tab_chosen(int tab);
+
     Application& app_;
+    LibraryStepNames names_;
+    PropertiesContent content_;
+    bool label_alone_ = false;
     QLabel* heading_;
-    NamePanel* name_;
-    QTreeWidget* softkeys_;
+    QStackedWidget* pages_;
+    QWidget* noproperties;
+    QTabBar* TabStrip1;
+    QTabBar* TabStrip2;
+    QTabBar* TabStrip3;
+    QStackedWidget* frames_;
+    ActionFrame* action_;
+    LabelFrame* label_;
+    DeviceFrame* device_;
 };
 
 }  // namespace tesselo

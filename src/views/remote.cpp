@@ -109,6 +109,16 @@ bool Remote::refresh(const QString& counter)
     return true;
 }
 
+void Remote::refresh_key(int index)
+{
+    if (is_side_button(index)) {
+        const auto row = static_cast<std::size_t>(side_button_row(index));
+        labelRichText1[row]->set_row(lcd_page_rows(app_.config(slot_), page_)[row]);
+    } else if (index >= 0 && index < key_picture_count) {
+        update(picture_rect(index).toAlignedRect().adjusted(-2, -2, 2, 2));
+    }
+}
+
 QString Remote::pagelabel_text() const { return pagelabel->text(); }
 
 QString Remote::key_text(int index) const

@@ -53,6 +53,9 @@ public:
     int picture_at(const QPointF& point) const;
     QRectF picture_rect(int index) const;
     void select_key(int index);
+    // One key drawn again from the tables: a side button's LCD row box, or a
+    // hard key's picture.
+    void refresh_key(int index);
 
     // Plain-text label of a key, the device's name, and the key's step count.
     QString key_text(int index) const;

@@ -211,9 +211,10 @@ private Q_SLOTS:
         f.frame->entry("muproperties")->trigger();
         QVERIFY(f.frame->properties_window());
         QVERIFY(f.frame->properties_window()->isVisible());
-        QCOMPARE(f.frame->properties_window()->findChild<QLabel*>("heading")->text(), QString("DEVICE1"));
+        QCOMPARE(f.frame->properties_window()->findChild<QLabel*>("heading")->text(),
+                 QString("Device properties: DEVICE1"));
         QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11\\PAGE1"));
-        QVERIFY(f.frame->properties_window()->findChild<QTreeWidget*>("softkeylist")->isVisible());
+        QVERIFY(f.frame->properties_window()->findChild<QWidget*>("noproperties")->isVisible());
     }
 };
 

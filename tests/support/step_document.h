@@ -9,11 +9,18 @@
 #include "core/keys/key_locator.h"
 #include "core/keys/key_selection.h"
 #include "core/keys/step_chain.h"
+#include "core/keys/step_text.h"
 #include "core/model/action_chain.h"
 #include "core/model/configuration.h"
 #include "core/model/hardkey_defaults.h"
 
 namespace tesselo::testing {
+
+// Step rows of the types the tests make need no IR source.
+class NoIrStepNames : public IrStepNames {
+public:
+    std::array<std::string, 3> ir_parts(const Configuration&, const ActionStep&) const override { return {"IR", "", ""}; }
+};
 
 // Puts `text` (capital letters, digits and blanks) into a label as glyphs.
 inline KeyLabel label_of(const std::string& text)

@@ -1,7 +1,5 @@
 // Script operations of a key's steps: key, add-delay, add-beep, add-jump,
 // add-link, edit-step, delete-step, step-up, step-down and steps.
-#include <cstdlib>
-
 #include "app/cli/script_runner.h"
 #include "app/cli/script_targets.h"
 #include "core/keys/delay_beep_dialogs.h"
@@ -9,6 +7,7 @@
 #include "core/keys/ir_step_names.h"
 #include "core/keys/jump_dialog.h"
 #include "core/keys/link_dialog.h"
+#include "core/keys/properties_content.h"
 #include "core/keys/step_commands.h"
 #include "core/tree/selection.h"
 
@@ -126,8 +125,11 @@ void add_step_operations(ScriptOperations& ops)
     ops["steps"] = [](CliContext& ctx, const ScriptArgs& args) {
         const auto target = key_target(ctx);
         if (!target || !args.empty()) return LineResult::bad_line;
-        for (const auto& row : load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home(), &ctx.app.my_database())))
-            ctx.output << row.text << '\n';
+        const LibraryStepNames names(ctx.app.home(), &ctx.app.my_database());
+        // The list as the Action tab shows it: a punched key's "Punch from " row.
+        const auto rows = selected_key_target(ctx.app) ? properties_content(ctx.app, names).action.rows
+                                                       : load_step_rows(ctx.app, *target, names);
+        for (const auto& row : rows) ctx.output << row.text << '\n';
         return LineResult::done;
     };
 }

@@ -13,6 +13,7 @@
 #include "core/tree/tree_commands.h"
 #include "core/tree/tree_model.h"
 #include "core/link/download.h"
+#include "core/keys/properties_content.h"
 
 namespace tesselo {
 
@@ -28,6 +29,8 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, FileStore& fi
     tree_commands_ = std::make_unique<TreeCommands>();
     open_state_ = std::make_unique<OpenState>();
     // Saving in download mode sends the image to the remote before the file is written.
+    // The Label command brings the properties window's Label tab forward.
+    tree_commands_->label = labelproperties;
     download_hook = [this](std::vector<std::uint8_t>& image, std::size_t length) {
         download_image(*this, image, length);
     };

@@ -61,10 +61,15 @@ public:
     // A Remote window is to be drawn again from the tables: its 12 key places,
     // its label texts and its page counter (pagelabel).
     virtual void page_window_changed(int /*slot*/, const std::string& /*caption*/) {}
+    // One key of a Remote window is to be drawn again: for a side button its
+    // LCD row box alone, for a hard key its picture.
+    virtual void page_key_changed(int /*slot*/, const std::string& /*caption*/, int /*picture*/) {}
     // The enable states of Undo, Redo and Paste changed (app.edit_state()).
     virtual void edit_states_changed() {}
     // The properties window is to be shown as a child of the frame.
     virtual void properties_requested() {}
+    // The properties window is to be shown with its Label tab forward.
+    virtual void label_requested() {}
 };
 
 // The one application object: ten document slots with their tables, the open

@@ -133,13 +133,21 @@ int key_step_count(const Configuration& config, const KeyPlace& place)
 bool make_softkey(Configuration& config, KeyPlace& place)
 {
     if (place.kind != kind_soft || place.slot >= 0) return true;
+    // A HOME page holds its devices' keys alone. A made key is always the
+    // right-side key, so a row whose right key stands has no room for it.
+    if (place.home) return false;
+    const auto right = static_cast<std::uint8_t>(place.position & 0x7F);
+    if (right != place.position) {
+        const auto row = locate_softkey(config, config.page_table[static_cast<std::size_t>(place.page_row)].node_key, right);
+        if (!row || row->slot >= 0) return false;
+        place.position = right;
+    }
     auto& page = config.page_table[static_cast<std::size_t>(place.page_row)];
     const int label = search_softkeyno(config);
     if (page.key_count >= softkeys_per_page || label >= softkey_label_rows) return false;
     config.softkey_labels[static_cast<std::size_t>(label)].bytes[0] = 0;
     place.slot = page.key_count;
     page.key_count = static_cast<std::uint8_t>(page.key_count + 1);
-    place.position = static_cast<std::uint8_t>(place.position & 0x7F);
     const auto row = static_cast<std::size_t>(place.page_slots_row);
     SoftKey& key = place.home ? config.home_pages[row].slots[static_cast<std::size_t>(place.slot)]
                               : config.device_pages[row].slots[static_cast<std::size_t>(place.slot)];

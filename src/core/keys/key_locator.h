@@ -50,7 +50,8 @@ int key_step_count(const Configuration& config, const KeyPlace& place);
 // Makes the soft key at the place's position when it has none: a free soft
 // key number from search_softkeyno with label length 0, the page's key count
 // raised, the next free slot filled (the row alone: a new key is always the
-// right-side key). False when the page or the label pool is full.
+// right-side key). False when the page or the label pool is full, on a
+// HOME page, and on a left button whose row has its right key.
 bool make_softkey(Configuration& config, KeyPlace& place);
 
 }  // namespace tesselo

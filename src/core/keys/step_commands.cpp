@@ -18,14 +18,15 @@ std::optional<KeyPlace> selected_place(Application& app, const KeyTarget& target
     return locate_key(app.config(target.slot), target.page_key, app.key_selection);
 }
 
-std::string key_words(const Application& app)
+}  // namespace
+
+std::string key_log_names(const Application& app, const std::string& page_key)
 {
     const auto& s = app.key_selection;
-    return s.is_hard() ? "(hardkey) " + std::to_string(s.selected_index)
-                       : "row " + std::to_string(s.row()) + (s.selected_left ? " left" : "");
+    return page_key + " " +
+           (s.is_hard() ? "hard " + std::to_string(s.selected_index)
+                        : "row " + std::to_string(s.row()) + (s.selected_left ? " left" : ""));
 }
-
-}  // namespace
 
 void select_key(Application& app, int index)
 {
@@ -122,7 +123,7 @@ bool DeleteBt(Application& app, const KeyTarget& target, int row)
     if (row < 1 || row > static_cast<int>(steps_of_list(config, list).size())) return false;
     begin_edit(app);
     if (delete_marcostep_item(config, *place, row) < 0) return false;
-    app.write_log("delete marco step " + target.page_key + " " + key_words(app) + " " + std::to_string(list));
+    app.write_log("delete marco step " + key_log_names(app, target.page_key) + " " + std::to_string(list));
     app.write_log("-");
     app.write_log("delete marco step " + target.page_key);
     return true;

@@ -28,6 +28,10 @@ struct StepRow {
 // the new key's list may report its own Key_error.
 void select_key(Application& app, int index);
 
+// The words that name the selected key in the log lines: its page's key,
+// then "row R" (with " left") or "hard " and the picture.
+std::string key_log_names(const Application& app, const std::string& page_key);
+
 // The limit boxes' texts.
 inline const std::string exceed_document_steps = "Exceed Marco steps";
 inline const std::string exceed_key_steps = "Exceed marco steps!";

@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "core/keys/step_chain.h"
-#include "core/tree/node_keys.h"
+#include "core/keys/char_pic_list.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
@@ -46,19 +46,24 @@ std::string page_number_text(const Configuration& config, int device, int place)
 
 namespace {
 
+// A soft key's or device's label as the step rows show it.
+std::string label_text(const KeyLabel& label) { return label.is_free() ? "" : label_to_text(label, label.glyph_count()); }
+
 std::string link_target_text(const Configuration& config, const ActionStep& s)
 {
     const int device = s.param_low;
     if (device >= device_rows) return {};
     if (s.param_high == free_byte) {
         const int entry = device * hardkeys_per_device + s.value - 1;
-        const std::string label =
-            entry >= 0 && entry < hardkey_rows ? decode_device_name(config.hardkey_labels[static_cast<std::size_t>(entry)]) : "";
+        const std::string label = entry >= 0 && entry < hardkey_rows
+                                      ? label_to_text(config.hardkey_labels[static_cast<std::size_t>(entry)],
+                                                      config.hardkey_labels[static_cast<std::size_t>(entry)].header())
+                                      : "";
         return label + "-HARD-";
     }
     std::string text = "PAGE-" + page_number_text(config, device, s.param_high) + (s.extra > 5 ? "-L-" : "-");
-    if (s.extra == 0) return text + decode_device_name(config.device_name_table[static_cast<std::size_t>(device)].name);
-    if (s.value < softkey_label_rows) text += decode_device_name(config.softkey_labels[s.value]);
+    if (s.extra == 0) return text + label_text(config.device_name_table[static_cast<std::size_t>(device)].name);
+    if (s.value < softkey_label_rows) text += label_text(config.softkey_labels[s.value]);
     return text;
 }
 

@@ -83,6 +83,7 @@ void restore(Application& app, Journal::Side& from, bool undo)
     rebuild_tree_from_tables(app, document);
     sync_page_windows(app, document);
     if (app.selection().selected_kind != TreeSelection::Kind::key) show_selected_node(app, document);
+    else app.notify([document](ApplicationListener& l) { l.selection_changed(document); });
 
     // The clipboard may refer to what has just gone.
     state.clipboard_kind = 0;

@@ -21,6 +21,12 @@ struct TreeCommands {
     Command copy;            // copy_devicepage
     Command paste;           // paste_devicepage
     Command label;           // the main frame's labelproperties
+    // The key paths of Cut, Copy, Paste and Delete, taken while the last
+    // click was on a key of a page.
+    Command key_cut;
+    Command key_copy;
+    Command key_paste;
+    Command key_delete;
 };
 
 }  // namespace tesselo

@@ -188,9 +188,13 @@ TEST_F(EditIrTest, AStepOnAHardKeyAndOnHomeSayWhereTheyLand)
     ASSERT_TRUE(add_rc5(0, 1));
     EXPECT_EQ(t.log_lines().back(), "\"add RC5 0 1 - DEVICE1-PAGE1/(hardkey)1\"");
     select_page("HOME1\\PAGE1");
-    soft_key(3);
+    // Row 2 of HOME is the second device's key; an empty row of HOME gets no key.
+    soft_key(2);
     ASSERT_TRUE(add_rc5(0, 2));
-    EXPECT_EQ(t.log_lines().back(), "\"add RC5 0 2 - HOME-PAGE1/row 3\"");
+    EXPECT_EQ(t.log_lines().back(), "\"add RC5 0 2 - HOME-PAGE1/row 2\"");
+    soft_key(3);
+    EXPECT_FALSE(add_rc5(0, 3));
+    EXPECT_EQ(config().page_table[0].key_count, 3);
 }
 
 TEST_F(EditIrTest, ALibraryCodeNamesItsCodeInValueAndExtra)

@@ -10,11 +10,6 @@
 namespace tesselo {
 namespace {
 
-class NoIrNames : public IrStepNames {
-public:
-    std::array<std::string, 3> ir_parts(const Configuration&, const ActionStep&) const override { return {"IR", "", ""}; }
-};
-
 const std::string key_error_line =
     "ask \"Kelvaro Tesselo 3\" \"Some of data in this key is corrupted and can not be used. To prevent system "
     "corruption, you must delete the key data to continue editing. By clicking OK, all or some of your data in this "
@@ -24,7 +19,7 @@ const std::string key_error_line =
 struct KeyError : ::testing::Test {
     testing::TestApp t;
     Configuration* c = nullptr;
-    NoIrNames names;
+    testing::NoIrStepNames names;
     const KeyTarget target{0, "DEVICE11\\PAGE1"};
     void SetUp() override
     {

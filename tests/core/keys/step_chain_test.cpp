@@ -277,7 +277,7 @@ TEST_F(StepChain, DeleteButtonWritesItsLogLines)
     EXPECT_TRUE(DeleteBt(t.app, target(), 1));
     const auto log = t.log_lines();
     ASSERT_GE(log.size(), 3u);
-    EXPECT_EQ(log[log.size() - 3], "\"delete marco step DEVICE11\\PAGE1 (hardkey) 22 0\"");
+    EXPECT_EQ(log[log.size() - 3], "\"delete marco step DEVICE11\\PAGE1 hard 22 0\"");
     EXPECT_EQ(log[log.size() - 2], "\"-\"");
     EXPECT_EQ(log[log.size() - 1], "\"delete marco step DEVICE11\\PAGE1\"");
     EXPECT_TRUE(MoveUPBt(t.app, target(), 1) == false);

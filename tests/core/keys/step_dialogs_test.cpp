@@ -16,16 +16,10 @@ namespace {
 
 using testing::TestApp;
 
-// Step rows of the types these dialogs make need no IR source.
-class NoIrNames : public IrStepNames {
-public:
-    std::array<std::string, 3> ir_parts(const Configuration&, const ActionStep&) const override { return {"IR", "", ""}; }
-};
-
 struct StepDialogs : ::testing::Test {
     TestApp t;
     Configuration* c = nullptr;
-    NoIrNames names;
+    testing::NoIrStepNames names;
     const std::string page = "DEVICE11\\PAGE1";
     void SetUp() override
     {
