@@ -15,6 +15,7 @@
 #include "core/ir/ir_storage.h"
 #include "core/ir/my_database_forms.h"
 #include "core/ir/my_database_store.h"
+#include "platform/posix_file_store.h"
 #include "quiet_launcher.h"
 
 namespace {
@@ -64,12 +65,13 @@ struct BigMyDatabase {
     ScriptedUi ui{out};
     VirtualClock clock;
     bench::QuietLauncher launcher;
+    PosixFileStore files;
     std::unique_ptr<Application> app;
 
     BigMyDatabase()
     {
         fs::create_directories(home);
-        app = std::make_unique<Application>(ui, clock, launcher, home);
+        app = std::make_unique<Application>(ui, clock, launcher, files, home);
         MyDatabaseStore& store = app->my_database();
         for (int b = 0; b < 10; ++b) {
             const int brand = store.add_mydata_name(level_brand, "BRAND" + std::to_string(b), 0);

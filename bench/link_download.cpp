@@ -11,6 +11,7 @@
 #include "core/document/scripted_ui.h"
 #include "core/image/image_writer.h"
 #include "core/link/download.h"
+#include "platform/posix_file_store.h"
 #include "quiet_launcher.h"
 #include "emulator/emulator_transport.h"
 #include "full_configuration.h"
@@ -27,7 +28,8 @@ void BM_DownloadMaximalImage(benchmark::State& state)
     ScriptedUi ui(out);
     VirtualClock clock;
     bench::QuietLauncher launcher;
-    Application app(ui, clock, launcher, std::filesystem::temp_directory_path());
+    PosixFileStore files;
+    Application app(ui, clock, launcher, files, std::filesystem::temp_directory_path());
     auto remote = std::make_shared<emulator::RemoteEmulator>();
     app.link().set_transport(std::make_unique<emulator::EmulatorTransport>(remote, clock));
     std::uint32_t virtual_ms = 0;

@@ -17,6 +17,7 @@
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"
 #include "core/tree/journal.h"
+#include "platform/posix_file_store.h"
 #include "quiet_launcher.h"
 
 namespace {
@@ -31,12 +32,13 @@ struct BenchApp {
     ScriptedUi ui{out};
     VirtualClock clock;
     bench::QuietLauncher launcher;
+    PosixFileStore files;
     std::unique_ptr<Application> app;
 
     explicit BenchApp(int devices)
     {
         std::filesystem::create_directories(home);
-        app = std::make_unique<Application>(ui, clock, launcher, home);
+        app = std::make_unique<Application>(ui, clock, launcher, files, home);
         muNew(*app);
         for (int i = 0; i < devices; ++i) AddDevice(*app, add_ordinary);
         out.str("");

@@ -12,6 +12,7 @@
 #include "core/document/clock.h"
 #include "core/document/lifecycle.h"
 #include "core/document/scripted_ui.h"
+#include "platform/posix_file_store.h"
 #include "platform/posix_launcher.h"
 #include "offscreen_main.h"
 #include "views/mdi_form1.h"
@@ -26,7 +27,8 @@ struct Host {
     tesselo::ScriptedUi ui{out};
     tesselo::VirtualClock clock;
     tesselo::PosixLauncher launcher;
-    tesselo::Application app{ui, clock, launcher, home.path().toStdString()};
+    tesselo::PosixFileStore files;
+    tesselo::Application app{ui, clock, launcher, files, home.path().toStdString()};
 };
 
 void BM_FrameReady(benchmark::State& state)

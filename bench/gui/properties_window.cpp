@@ -23,6 +23,7 @@
 #include "views/glyph_keyboard.h"
 #include "views/label_frame.h"
 #include "offscreen_main.h"
+#include "platform/posix_file_store.h"
 #include "views/mdi_form1.h"
 #include "views/properties_window.h"
 #include "views/remote.h"
@@ -39,7 +40,8 @@ struct Host {
     ScriptedUi ui{out};
     VirtualClock clock;
     PosixLauncher launcher;
-    Application app{ui, clock, launcher, home.path().toStdString()};
+    PosixFileStore files;
+    Application app{ui, clock, launcher, files, home.path().toStdString()};
     MDIForm1 frame{app};
     Remote* page = nullptr;
 

@@ -2,6 +2,7 @@
 
 #include <arpa/inet.h>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <netdb.h>
@@ -143,6 +144,31 @@ bool send_all(int fd, const std::uint8_t* data, std::size_t count)
         count -= static_cast<std::size_t>(n);
     }
     return true;
+}
+
+SendResult send_within(int fd, const std::uint8_t* data, std::size_t count, std::uint32_t timeout_ms,
+                       std::size_t& sent)
+{
+    using namespace std::chrono;
+    const auto deadline = steady_clock::now() + milliseconds(timeout_ms);
+    sent = 0;
+    while (sent < count) {
+        const ssize_t n = ::send(fd, data + sent, count - sent, MSG_NOSIGNAL | MSG_DONTWAIT);
+        if (n > 0) {
+            sent += static_cast<std::size_t>(n);
+            continue;
+        }
+        if (n < 0 && errno == EINTR) continue;
+        if (n == 0 || (errno != EAGAIN && errno != EWOULDBLOCK)) return SendResult::failed;
+        // No room: wait for it, as long as the time-out leaves.
+        const auto left = duration_cast<milliseconds>(deadline - steady_clock::now()).count();
+        if (left <= 0) return SendResult::timed_out;
+        pollfd p{fd, POLLOUT, 0};
+        const int ready = ::poll(&p, 1, static_cast<int>(left));
+        if (ready < 0 && errno != EINTR) return SendResult::failed;
+        if (ready == 0) return SendResult::timed_out;
+    }
+    return SendResult::done;
 }
 
 }  // namespace tesselo

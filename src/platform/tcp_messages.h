@@ -81,4 +81,11 @@ Socket listen_on(const Endpoint& endpoint, std::uint16_t& port, std::string& why
 // Sends all bytes; false when the connection is gone.
 bool send_all(int fd, const std::uint8_t* data, std::size_t count);
 
+// Sends all bytes unless `timeout_ms` passes first: a peer that stops reading
+// fills the socket's buffers, and then the send waits for room no longer than
+// that. `sent` counts the bytes that went out.
+enum class SendResult { done, timed_out, failed };
+SendResult send_within(int fd, const std::uint8_t* data, std::size_t count, std::uint32_t timeout_ms,
+                       std::size_t& sent);
+
 }  // namespace tesselo

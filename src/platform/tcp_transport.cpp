@@ -110,7 +110,8 @@ int TcpTransport::read(std::uint8_t* buffer, std::size_t to_read, std::uint32_t 
     }
 }
 
-int TcpTransport::write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written, std::uint32_t timeout_ms)
+int TcpTransport::write(const std::uint8_t* buffer, std::size_t to_write, std::size_t& written,
+                        std::uint32_t timeout_ms)
 {
     written = 0;
     if (!usable()) return 0;
@@ -120,14 +121,24 @@ int TcpTransport::write(const std::uint8_t* buffer, std::size_t to_write, std::s
     inbox_.erase(std::remove_if(inbox_.begin(), inbox_.end(), [](const auto& m) { return m.empty(); }), inbox_.end());
     verdict_.reset();
     const auto message = frame_message(buffer, to_write);
-    if (!send_all(socket_.fd(), message.data(), message.size())) {
-        gone_ = true;
-        return 0;
+    std::size_t sent = 0;
+    const SendResult result = send_within(socket_.fd(), message.data(), message.size(), timeout_ms, sent);
+    if (result != SendResult::done) {
+        // The caller's bytes that went out, without the two of the length.
+        written = sent > 2 ? sent - 2 : 0;
+        // A message cut short would run into the next one: the connection goes,
+        // as a remote that stopped in the middle of a transfer.
+        if (sent > 0) close();
+        if (result == SendResult::failed) gone_ = true;
+        return result == SendResult::timed_out ? -1 : -2;
     }
+    // The transfer is out; the remote's verdict says whether it was taken,
+    // within what is left of the time-out.
     while (!verdict_) {
         const int left = left_of(start, timeout_ms);
         if (left == 0) return -1;
-        if (!receive(left)) return 0;
+        // The remote went before it answered: the transfer failed.
+        if (!receive(left)) return -2;
     }
     if (*verdict_ == Message::Kind::stalled) {
         // The remote did not take it: the write times out, as on the bus.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QLabel>
 #include <QPainter>
 #include <QProgressBar>
 #include <QTimer>
@@ -12,15 +13,30 @@
 
 namespace tesselo {
 
+namespace {
+
+// The computer, the remote and the data between them: the top of the window.
+constexpr int picture_height = 110;
+
+}  // namespace
+
 Download::Download(QWidget* parent) : QWidget(parent, Qt::Tool | Qt::WindowTitleHint | Qt::CustomizeWindowHint)
 {
     setObjectName("Download");
     setWindowTitle("Download");
-    setFixedSize(360, 170);
+    setFixedSize(360, 200);
     ProgressBar2 = new QProgressBar(this);
     ProgressBar2->setObjectName("ProgressBar2");
     ProgressBar2->setTextVisible(false);
+    activity_ = new QLabel(this);
+    activity_->setObjectName("activity");
+    activity_->setAlignment(Qt::AlignCenter);
+    activity_->setWordWrap(true);
+    // The picture takes the top; the words of the transfer, up to two lines,
+    // stand between it and the bar.
     auto* layout = new QVBoxLayout(this);
+    layout->addSpacing(picture_height);
+    layout->addWidget(activity_);
     layout->addStretch(1);
     layout->addWidget(ProgressBar2);
     animation_ = new QTimer(this);
@@ -44,6 +60,12 @@ void Download::set_progress(int value, int maximum)
 {
     ProgressBar2->setMaximum(std::max(1, maximum));
     ProgressBar2->setValue(std::clamp(value, 0, std::max(1, maximum)));
+}
+
+void Download::set_activity(const QString& text)
+{
+    activity_->setText(text);
+    activity_->repaint();
 }
 
 void Download::showEvent(QShowEvent*) { animation_->start(); }

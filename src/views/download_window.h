@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QLabel;
 class QProgressBar;
 class QTimer;
 
@@ -19,6 +20,10 @@ public:
     void show_progress(bool visible);
     void set_progress(int value, int maximum);
     QProgressBar* progress_bar() const { return ProgressBar2; }
+    // What the transfer is doing now, under the animation; painted at once,
+    // since the transfer holds the event loop while it waits for the remote.
+    void set_activity(const QString& text);
+    QLabel* activity() const { return activity_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -27,6 +32,7 @@ protected:
 
 private:
     QProgressBar* ProgressBar2;
+    QLabel* activity_;
     QTimer* animation_;
     int frame_ = 0;
     bool towards_remote_ = true;

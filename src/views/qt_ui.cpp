@@ -209,6 +209,11 @@ void QtUi::download_window_unload()
     download_ = nullptr;
 }
 
+void QtUi::download_activity(const std::string& text)
+{
+    if (download_) download_->set_activity(q(text));
+}
+
 void QtUi::download_progress(int value, int maximum)
 {
     if (!download_) return;

@@ -46,6 +46,7 @@ public:
     void download_window_hide() override;
     void download_window_unload() override;
     void download_progress(int value, int maximum) override;
+    void download_activity(const std::string& text) override;
     void upload_commands_enabled(bool enabled) override;
     void editir_status(const std::string& text) override;
 

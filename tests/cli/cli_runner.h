@@ -13,10 +13,11 @@ struct CliResult {
 };
 
 // Runs tesselo-cli with `args` (already quoted for the shell) and its
-// standard input from `input`, and collects standard output.
-inline CliResult run_cli(const std::string& args, const std::string& input = {})
+// standard input from `input`, and collects standard output. `prefix` stands
+// before the program on the shell's line (limits, `timeout`).
+inline CliResult run_cli(const std::string& args, const std::string& input = {}, const std::string& prefix = {})
 {
-    std::string command = std::string(TESSELO_CLI) + " " + args;
+    std::string command = prefix + std::string(TESSELO_CLI) + " " + args;
     std::string in_file;
     if (!input.empty()) {
         char name[] = "/tmp/tesselo-cli-inXXXXXX";

@@ -109,6 +109,25 @@ TEST_F(CliTree, CheckReportsNoFaultOnAGoodFileAndStatus2OnGarbage)
     EXPECT_EQ(run_cli("check " + shell_quote(file("missing.kcf"))).status, 2);
 }
 
+TEST_F(CliTree, CheckRunsTheReadersBoundsAsOpenDoes)
+{
+    // The end mark's header entry points past the end of the file: the check's
+    // own sections are whole, but Open's reader falls outside the buffer.
+    auto bytes = read_bytes(built());
+    const auto past = static_cast<std::uint32_t>(bytes.size() + 10000 + 4096);
+    bytes[4 * 24] = static_cast<std::uint8_t>(past & 0xFF);
+    bytes[4 * 24 + 1] = static_cast<std::uint8_t>((past >> 8) & 0xFF);
+    bytes[4 * 24 + 2] = static_cast<std::uint8_t>(past >> 16);
+    const auto cut = file("past.kcf");
+    std::ofstream(cut, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    const auto opened = run_cli("dump " + shell_quote(cut) + " " + arg() + " 2>&1");
+    EXPECT_EQ(opened.status, 2);
+    EXPECT_EQ(opened.out, "status \"Load Configuration\"\nmessage \"Kelvaro Tessel 3\" \"file is corrupted\"\n");
+    const auto r = run_cli("check " + shell_quote(cut) + " 2>&1");
+    EXPECT_EQ(r.status, 2);
+    EXPECT_EQ(r.out, "tesselo-cli: " + cut + ": file is corrupted\n");
+}
+
 // A file whose first device page has two keys with one label and one list.
 std::string faulty(const std::string& good, const std::string& out)
 {

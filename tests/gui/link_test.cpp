@@ -1,5 +1,12 @@
+#include <QLabel>
+#include <QMessageBox>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
 #include <QtTest>
+
+#include "core/link/download.h"
+#include "platform/posix_file_store.h"
 
 #include "core/link/link_test_app.h"
 #include "gui_support.h"
@@ -87,6 +94,48 @@ private Q_SLOTS:
         f.frame->update_commands();
         QVERIFY(f.frame->button("upload")->isEnabled());
         QVERIFY(f.frame->button("simualtor")->isEnabled());
+    }
+
+    void the_download_window_says_which_block_and_attempt_goes_out()
+    {
+        // The editor's own Ui before a remote that never acknowledges: while
+        // the transfer waits, the window tells the block and the attempt.
+        TempFolder home;
+        QtUi ui;
+        VirtualClock clock;
+        RecordingLauncher launcher;
+        PosixFileStore files;
+        Application app(ui, clock, launcher, files, home.path());
+        auto remote = std::make_shared<emulator::RemoteEmulator>();
+        remote->add_fault(emulator::Fault::mute_ack);
+        app.link().set_transport(std::make_unique<emulator::EmulatorTransport>(remote, clock));
+        ui.download_window_show("Download", true);
+        QString shown;
+        bool visible = false;
+        // "Send Complete!" comes while the window still shows the last block;
+        // the transfer's own yields run the timer before, and it waits.
+        QTimer answer;
+        answer.setInterval(10);
+        QObject::connect(&answer, &QTimer::timeout, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box) return;
+            answer.stop();
+            shown = ui.download_window()->activity()->text();
+            visible = ui.download_window()->activity()->isVisible();
+            save_screenshot(ui.download_window(), "download_window_unconfirmed_block");
+            box->button(QMessageBox::Ok)->click();
+        });
+        answer.start();
+        std::vector<std::uint8_t> image(41 * 4096 + 10, 7);
+        QVERIFY(download_image(app, image, image.size()));
+        QCOMPARE(shown, QString("Block 42 of 42, attempt 3 of 3: the remote did not confirm it"));
+        QVERIFY(visible);
+        QLabel* line = ui.download_window()->activity();
+        // The words fit the window: wrapped, wholly inside it, above the bar.
+        QVERIFY(ui.download_window()->rect().contains(line->geometry()));
+        QVERIFY(line->heightForWidth(line->width()) <= line->height());
+        QVERIFY(line->geometry().bottom() < ui.download_window()->progress_bar()->geometry().top());
+        ui.download_window_unload();
     }
 
     void the_qt_ui_loads_and_unloads_the_download_window()

@@ -12,6 +12,7 @@
 #include "core/document/clock.h"
 #include "core/document/launcher.h"
 #include "core/document/scripted_ui.h"
+#include "platform/posix_file_store.h"
 
 namespace tesselo::testing {
 
@@ -124,7 +125,8 @@ struct BasicTestApp {
     UiType ui{out};
     VirtualClock clock;
     RecordingLauncher launcher;
-    Application app{ui, clock, launcher, home.path()};
+    PosixFileStore files;
+    Application app{ui, clock, launcher, files, home.path()};
 
     // The lines printed so far, and forget them.
     std::vector<std::string> take_lines()

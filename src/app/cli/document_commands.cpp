@@ -1,7 +1,5 @@
-#include <fstream>
-#include <iterator>
-
 #include "app/cli/commands.h"
+#include "app/cli/input_file.h"
 #include "core/document/lifecycle.h"
 #include "core/image/byte_reader.h"
 #include "core/image/image_summary.h"
@@ -9,14 +7,6 @@
 namespace tesselo::cli {
 
 namespace {
-
-bool read_file(const std::string& path, std::vector<std::uint8_t>& bytes)
-{
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return false;
-    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return !in.bad();
-}
 
 int command_new(const GlobalOptions& options, const std::string& out)
 {
@@ -29,15 +19,12 @@ int command_new(const GlobalOptions& options, const std::string& out)
 int command_info(const std::string& path)
 {
     std::vector<std::uint8_t> bytes;
-    if (!read_file(path, bytes)) {
-        std::cerr << "tesselo-cli: cannot read " << path << '\n';
-        return exit_usage;
-    }
+    if (!read_input_file(path, bytes)) return exit_usage;
     ImageSummary s;
     try {
         s = summarize_image(bytes);
     } catch (const ImageBoundsError&) {
-        std::cerr << "tesselo-cli: " << path << ": file is corrupted\n";
+        report_corrupted(path);
         return exit_usage;
     }
     for (int e = 0; e < header_entries; ++e) std::cout << "entry_" << e << ": " << s.header[static_cast<std::size_t>(e)] << '\n';

@@ -1,13 +1,15 @@
 // dump, tree, check and resave: a file opened as the Open command opens it.
-#include <fstream>
 #include <iostream>
+#include <new>
 
 #include "app/cli/commands.h"
 #include "app/cli/document_json.h"
+#include "app/cli/input_file.h"
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
 #include "core/image/byte_reader.h"
 #include "core/image/image_check.h"
+#include "core/image/image_reader.h"
 #include "core/image/open_state.h"
 
 namespace tesselo::cli {
@@ -25,14 +27,11 @@ struct FileArgs {
 int open_for_command(CliContext& ctx, const FileArgs& args)
 {
     std::vector<std::uint8_t> bytes;
-    if (!read_whole_file(args.file, bytes)) {
-        std::cerr << "tesselo-cli: cannot read " << args.file << '\n';
-        return -exit_usage;
-    }
+    if (!read_input_file(args.file, bytes)) return -exit_usage;
     if (args.on_fault == "cancel") ctx.ui.queue_answer("giveup");
     else ctx.ui.queue_answer("continue");
     ctx.ui.queue_answer(args.on_fault == "correct" ? "yes" : "no");
-    const int document = open_configuration(ctx.app, args.file);
+    const int document = open_image(ctx.app, args.file, std::move(bytes));
     if (document >= 0) return document;
     return ctx.app.open_state().file_corrupted ? -exit_usage : -exit_refused;
 }
@@ -65,20 +64,23 @@ int command_resave(const GlobalOptions& options, const FileArgs& args)
     return muSaveas(ctx->app, document) ? exit_done : exit_refused;
 }
 
+// The check, and then the reader's bounds as Open runs them: a file that
+// Open would call "file is corrupted" is never answered "no fault".
 int command_check(const FileArgs& args)
 {
     std::vector<std::uint8_t> bytes;
-    if (!read_whole_file(args.file, bytes)) {
-        std::cerr << "tesselo-cli: cannot read " << args.file << '\n';
-        return exit_usage;
-    }
+    if (!read_input_file(args.file, bytes)) return exit_usage;
     auto errors = std::make_unique<ErrorList>();
     std::vector<std::string> rows;
     bool found = false;
     try {
         found = check_image(bytes, *errors, rows);
+        load_image(bytes, 0);
     } catch (const ImageBoundsError&) {
-        std::cerr << "tesselo-cli: " << args.file << ": file is corrupted\n";
+        report_corrupted(args.file);
+        return exit_usage;
+    } catch (const std::bad_alloc&) {
+        report_corrupted(args.file);
         return exit_usage;
     }
     for (int i = 1; i <= errors->count(); ++i) {

@@ -1,4 +1,5 @@
 #include "app/cli/commands.h"
+#include "app/cli/input_file.h"
 #include "app/cli/link_setup.h"
 #include "app/cli/script_runner.h"
 #include "core/document/lifecycle.h"
@@ -24,13 +25,10 @@ int command_download(const GlobalOptions& options, const std::string& file)
     auto ctx = make_context(options);
     if (link_unusable(*ctx)) return exit_usage;
     std::vector<std::uint8_t> bytes;
-    if (!read_whole_file(file, bytes)) {
-        std::cerr << "tesselo-cli: cannot read " << file << '\n';
-        return exit_usage;
-    }
+    if (!read_input_file(file, bytes)) return exit_usage;
     // A file that the integrity check rejects is not sent: its error window is given up.
     ctx->ui.queue_answer("giveup");
-    if (open_configuration(ctx->app, file) < 0)
+    if (open_image(ctx->app, file, std::move(bytes)) < 0)
         return ctx->app.open_state().file_corrupted ? exit_usage : exit_refused;
     ctx->ui.clear_answers();
     return muDownload_Click(ctx->app) ? exit_done : exit_refused;

@@ -1,6 +1,7 @@
 #include <fstream>
 
 #include "app/cli/commands.h"
+#include "app/cli/input_file.h"
 #include "app/cli/script_runner.h"
 
 namespace tesselo::cli {
@@ -14,11 +15,8 @@ void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun&
         run = [&options, file] {
             auto ctx = make_context(options);
             if (*file == "-") return run_script(*ctx, std::cin);
-            std::ifstream in(*file);
-            if (!in) {
-                std::cerr << "tesselo-cli: cannot read " << *file << '\n';
-                return exit_usage;
-            }
+            std::ifstream in;
+            if (!open_input_script(*file, in)) return exit_usage;
             return run_script(*ctx, in);
         };
     });

@@ -4,9 +4,9 @@
 #include <iostream>
 
 #include "app/cli/commands.h"
+#include "app/cli/input_file.h"
 #include "app/cli/script_runner.h"
 #include "app/cli/script_targets.h"
-#include "core/document/open_command.h"
 #include "core/image/byte_reader.h"
 #include "core/keys/ir_step_names.h"
 #include "core/sim/remote_simulator.h"
@@ -53,26 +53,17 @@ int command_simulate(const GlobalOptions& options, const std::string& file, cons
 {
     auto ctx = make_context(options, std::cerr);
     std::vector<std::uint8_t> bytes;
-    if (!read_whole_file(file, bytes)) {
-        std::cerr << "tesselo-cli: cannot read " << file << '\n';
-        return exit_usage;
-    }
+    if (!read_input_file(file, bytes)) return exit_usage;
     const LibraryStepNames names(ctx->app.home(), &ctx->app.my_database());
     std::unique_ptr<RemoteSimulator> sim;
     try {
         sim = RemoteSimulator::from_image(std::move(bytes), names);
     } catch (const ImageBoundsError&) {
-        std::cerr << "tesselo-cli: " << file << ": file is corrupted\n";
+        report_corrupted(file);
         return exit_usage;
     }
     std::ifstream script_file;
-    if (!script.empty() && script != "-") {
-        script_file.open(script);
-        if (!script_file) {
-            std::cerr << "tesselo-cli: cannot read " << script << '\n';
-            return exit_usage;
-        }
-    }
+    if (!script.empty() && script != "-" && !open_input_script(script, script_file)) return exit_usage;
     std::istream& in = script_file.is_open() ? static_cast<std::istream&>(script_file) : std::cin;
     std::string line;
     for (int number = 1; std::getline(in, line); ++number) {

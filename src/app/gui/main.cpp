@@ -15,6 +15,7 @@
 #include "core/ir/my_database_store.h"
 #include "core/document/lifecycle.h"
 #include "platform/executable_folder.h"
+#include "platform/posix_file_store.h"
 #include "platform/posix_launcher.h"
 #include "views/artwork.h"
 #include "views/form2.h"
@@ -83,7 +84,8 @@ int main(int argc, char** argv)
     tesselo::QtUi ui;
     tesselo::SystemClock clock;
     tesselo::PosixLauncher launcher;
-    tesselo::Application app(ui, clock, launcher, home);
+    tesselo::PosixFileStore file_store;
+    tesselo::Application app(ui, clock, launcher, file_store, home);
     // The remote is reached on the USB bus, or on the link that TESSELO_LINK names.
     const char* link = std::getenv("TESSELO_LINK");
     if (!tesselo::install_gui_link(app, link ? link : "", why)) std::cerr << "tesselo: " << why << '\n';

@@ -17,8 +17,8 @@
 
 namespace tesselo {
 
-Application::Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesystem::path home)
-    : ui_(ui), clock_(clock), launcher_(launcher), home_(std::move(home))
+Application::Application(Ui& ui, Clock& clock, Launcher& launcher, FileStore& files, std::filesystem::path home)
+    : ui_(ui), clock_(clock), launcher_(launcher), files_(files), home_(std::move(home))
 {
     for (auto& slot : slots_) slot = std::make_unique<Configuration>();
     for (auto& tree : trees_) tree = std::make_unique<TreeModel>();

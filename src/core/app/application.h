@@ -20,6 +20,7 @@ namespace tesselo {
 class Ui;
 class Clock;
 class Launcher;
+class FileStore;
 class TreeModel;
 class Journal;
 class PageWindows;
@@ -77,7 +78,7 @@ public:
 // documents, the ports to the outside world. Its tables are allocated once.
 class Application {
 public:
-    Application(Ui& ui, Clock& clock, Launcher& launcher, std::filesystem::path home);
+    Application(Ui& ui, Clock& clock, Launcher& launcher, FileStore& files, std::filesystem::path home);
     ~Application();
     Application(const Application&) = delete;
     Application& operator=(const Application&) = delete;
@@ -85,6 +86,8 @@ public:
     Ui& ui() { return ui_; }
     Clock& clock() { return clock_; }
     Launcher& launcher() { return launcher_; }
+    // Where saves put their files.
+    FileStore& files() { return files_; }
     const std::filesystem::path& home() const { return home_; }
 
     Configuration& config(int slot) { return *slots_[static_cast<std::size_t>(slot)]; }
@@ -153,6 +156,7 @@ private:
     Ui& ui_;
     Clock& clock_;
     Launcher& launcher_;
+    FileStore& files_;
     std::filesystem::path home_;
     Link link_{clock_};
     ExchangeFlags flags_;

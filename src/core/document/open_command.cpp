@@ -1,7 +1,5 @@
 #include "core/document/open_command.h"
 
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <new>
 #include <stdexcept>
@@ -10,20 +8,13 @@
 #include "core/document/lifecycle.h"
 #include "core/document/ui.h"
 #include "core/image/byte_reader.h"
+#include "core/image/image_file.h"
 #include "core/image/image_check.h"
 #include "core/image/image_reader.h"
 #include "core/image/open_state.h"
 #include "core/model/configuration.h"
 
 namespace tesselo {
-
-bool read_whole_file(const std::string& path, std::vector<std::uint8_t>& bytes)
-{
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return false;
-    bytes.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    return !in.bad();
-}
 
 void ErrorWindow(Application& app, const std::vector<std::string>& rows)
 {
@@ -46,13 +37,10 @@ int slots_in_use(const Application& app)
     return count;
 }
 
-int load_checked(Application& app, const std::string& path)
+int load_checked(Application& app, const std::string& path, std::vector<std::uint8_t>& buffer)
 {
     Ui& ui = app.ui();
     OpenState& state = app.open_state();
-    std::vector<std::uint8_t> buffer;
-    if (!read_whole_file(path, buffer)) throw std::runtime_error("unreadable");
-
     std::vector<std::string> rows;
     state.corruption_flag = corruption_none;
     if (check_image(buffer, state.error_list, rows)) {
@@ -87,21 +75,33 @@ int load_checked(Application& app, const std::string& path)
     return document;
 }
 
-}  // namespace
-
-int open_configuration(Application& app, const std::string& path)
+int file_is_corrupted(Application& app)
 {
-    app.open_state().file_corrupted = false;
-    try {
-        return load_checked(app, path);
-    } catch (const ImageBoundsError&) {
-    } catch (const std::bad_alloc&) {
-    } catch (const std::runtime_error&) {
-    }
     app.open_state().corruption_flag = corruption_none;
     app.open_state().file_corrupted = true;
     app.ui().message(title_files, "file is corrupted", Icon::exclamation);
     return -1;
+}
+
+}  // namespace
+
+int open_image(Application& app, const std::string& path, std::vector<std::uint8_t> buffer)
+{
+    app.open_state().file_corrupted = false;
+    try {
+        return load_checked(app, path, buffer);
+    } catch (const ImageBoundsError&) {
+    } catch (const std::bad_alloc&) {
+    } catch (const std::runtime_error&) {
+    }
+    return file_is_corrupted(app);
+}
+
+int open_configuration(Application& app, const std::string& path)
+{
+    std::vector<std::uint8_t> buffer;
+    if (read_image_file(path, buffer)) return file_is_corrupted(app);
+    return open_image(app, path, std::move(buffer));
 }
 
 int muOpen(Application& app)

@@ -27,10 +27,13 @@ void ErrorWindow(Application& app, const std::vector<std::string>& rows);
 // open and no slot is taken.
 int muOpen(Application& app);
 
-// Opens the file at `path` as muOpen does after its dialog.
+// Opens the file at `path` as muOpen does after its dialog. A file that
+// read_image_file refuses is "file is corrupted" like any other.
 int open_configuration(Application& app, const std::string& path);
 
-// The whole file, or false when it cannot be read.
-bool read_whole_file(const std::string& path, std::vector<std::uint8_t>& bytes);
+// The Open command on a file's bytes already read: the check, the error
+// window, the load into a new document titled `path`. Any failure is
+// "file is corrupted", and then no document is open and no slot is taken.
+int open_image(Application& app, const std::string& path, std::vector<std::uint8_t> buffer);
 
 }  // namespace tesselo

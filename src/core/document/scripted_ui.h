@@ -46,6 +46,7 @@ public:
     void download_window_hide() override { download_window.visible = false; }
     void download_window_unload() override;
     void download_progress(int value, int maximum) override;
+    void download_activity(const std::string& text) override { download_window.activity = text; }
     void upload_commands_enabled(bool enabled) override { upload_enabled = enabled; }
     // Printed as a status text, like the main status line.
     void editir_status(const std::string& text) override;
@@ -58,6 +59,7 @@ public:
         bool progress_bar = false;
         int value = 0;
         int maximum = 100;
+        std::string activity;
     };
     DownloadWindow download_window;
     bool upload_enabled = true;

@@ -46,6 +46,9 @@ public:
     virtual void download_window_unload() = 0;
     // ProgressBar2's value and maximum.
     virtual void download_progress(int value, int maximum) = 0;
+    // The line under the animation that says what the transfer is doing now
+    // (the block and the attempt), so that a remote that does not answer shows.
+    virtual void download_activity(const std::string& text) = 0;
     // The Upload menu entry and the toolbar's buttons 16 and 5.
     virtual void upload_commands_enabled(bool enabled) = 0;
     // The status line (Label3) of the Add IR Code dialog, where the link's

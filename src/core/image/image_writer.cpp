@@ -1,11 +1,7 @@
 #include "core/image/image_writer.h"
 
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-
 #include "core/app/application.h"
+#include "core/document/file_store.h"
 #include "core/document/ui.h"
 #include "core/model/configuration.h"
 
@@ -291,34 +287,6 @@ std::vector<std::uint8_t> file_tail(const Configuration& config)
     return tail;
 }
 
-std::optional<std::string> write_file_atomically(const std::string& filename, const std::vector<std::uint8_t>& bytes)
-{
-    namespace fs = std::filesystem;
-    const fs::path target(filename);
-    const fs::path temp = target.parent_path() / ("." + target.filename().string() + ".saving");
-    {
-        std::ofstream out(temp, std::ios::binary | std::ios::trunc);
-        if (!out) return std::string(std::strerror(errno));
-        out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-        out.flush();
-        if (!out) {
-            const std::string why = std::strerror(errno ? errno : EIO);
-            out.close();
-            std::error_code ignore;
-            fs::remove(temp, ignore);
-            return why;
-        }
-    }
-    std::error_code ec;
-    fs::rename(temp, target, ec);
-    if (ec) {
-        std::error_code ignore;
-        fs::remove(temp, ignore);
-        return ec.message();
-    }
-    return std::nullopt;
-}
-
 bool save_tofile(Application& app, const std::string& filename, int mode, int slot)
 {
     Ui& ui = app.ui();
@@ -339,7 +307,7 @@ bool save_tofile(Application& app, const std::string& filename, int mode, int sl
 
     const auto tail = file_tail(app.config(slot));
     image.insert(image.end(), tail.begin(), tail.end());
-    if (const auto why = write_file_atomically(filename, image)) {
+    if (const auto why = app.files().replace_file(filename, image)) {
         ui.message(title_main, "Unable to write " + filename + "\r" + *why, Icon::exclamation);
         return false;
     }

@@ -27,15 +27,10 @@ std::vector<std::uint8_t> build_image(Configuration& config, const std::function
 // The configuration file: the image and then the 2000-byte learned-key tail.
 std::vector<std::uint8_t> file_tail(const Configuration& config);
 
-// Writes `bytes` beside `filename` and renames it into place, so that a crash
-// or a full disk never leaves a half-written file where a good one was.
-// Returns the failure's words, or nothing when the file was written.
-std::optional<std::string> write_file_atomically(const std::string& filename,
-                                                 const std::vector<std::uint8_t>& bytes);
-
 // Builds the image of document slot `slot`; in mode 1 hands it to the
-// download routine; then writes the file. False when it could not be written
-// (the user has been told why).
+// download routine; then writes the file through the application's file
+// store, whole or not at all. False when it could not be written (the user
+// has been told why).
 bool save_tofile(Application& app, const std::string& filename, int mode, int slot);
 
 }  // namespace tesselo

@@ -22,6 +22,14 @@ int shown(double value) { return static_cast<int>(std::lround(value)); }
 
 }  // namespace
 
+std::string download_block_activity(std::size_t block, std::size_t blocks, int attempt)
+{
+    std::string text = "Block " + std::to_string(block) + " of " + std::to_string(blocks) + ", attempt " +
+                       std::to_string(attempt) + " of " + std::to_string(block_attempts);
+    if (attempt > 1) text += ": the remote did not confirm it";
+    return text;
+}
+
 bool download_image(Application& app, std::vector<std::uint8_t>& image, std::size_t size)
 {
     Ui& ui = app.ui();
@@ -54,6 +62,7 @@ bool download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
     Frame frame = make_frame(tag_download);
     std::vector<std::uint8_t>& block = link.block;
     std::array<std::uint8_t, frame_size> ack{};
+    const std::size_t blocks = (size + block_data_size - 1) / block_data_size;
     // For a size that is an exact multiple of 4096 the last pass has nothing to send.
     for (std::size_t k = 0; k <= size / block_data_size; ++k) {
         const std::size_t remaining = size - block_data_size * k;
@@ -71,6 +80,7 @@ bool download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
         block[8 + count] = checksum(block.data(), count + 8);
 
         for (int attempt = 0; attempt < block_attempts; ++attempt) {
+            ui.download_activity(download_block_activity(k + 1, blocks, attempt + 1));
             std::size_t written = 0;
             if (link.write_usb(block.data(), count + 9, written, write_timeout) != 1 || written != count + 9) return false;
             ack.fill(0);

@@ -1,11 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <fstream>
+#include <future>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
 #include "core/image/auto_correction.h"
 #include "core/image/image_check.h"
+#include "core/image/image_file.h"
 #include "core/image/image_writer.h"
 #include "core/image/open_state.h"
 #include "core/model/configuration.h"
@@ -141,6 +146,31 @@ TEST_F(OpenTest, AFileThatFailsWhileLoadingLeavesNoHalfLoadedDocument)
     EXPECT_TRUE(t.app.documents().empty());
     EXPECT_EQ(slots_taken(), 0);
     EXPECT_EQ(t.ui.wait_depth, 0);
+}
+
+TEST_F(OpenTest, AFolderAFifoOrAnOversizedFileIsCorruptedAtOnce)
+{
+    const auto corrupted = std::vector<std::string>{"message \"Kelvaro Tessel 3\" \"file is corrupted\""};
+    EXPECT_EQ(open_configuration(t.app, t.home.path().string()), -1);
+    EXPECT_EQ(t.take_lines(), corrupted);
+
+    // A FIFO is refused without being opened: opening it would wait for a
+    // writer for ever. Should it wait, a writer comes and goes to end the test.
+    const auto fifo = t.home.path() / "fifo.kcf";
+    ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+    auto opened = std::async(std::launch::async, [&] { return open_configuration(t.app, fifo.string()); });
+    if (opened.wait_for(std::chrono::seconds(10)) != std::future_status::ready) {
+        ADD_FAILURE() << "Open waits on a FIFO";
+        ::close(::open(fifo.c_str(), O_WRONLY | O_NONBLOCK));
+    }
+    EXPECT_EQ(opened.get(), -1);
+    EXPECT_EQ(t.take_lines(), corrupted);
+
+    const auto big = write("big.kcf", std::vector<std::uint8_t>(image_file_limit + 1, 0));
+    EXPECT_EQ(open_configuration(t.app, big), -1);
+    EXPECT_EQ(t.take_lines(), corrupted);
+    EXPECT_TRUE(t.app.documents().empty());
+    EXPECT_EQ(slots_taken(), 0);
 }
 
 TEST_F(OpenTest, WithTenDocumentsOpenOpenRefuses)

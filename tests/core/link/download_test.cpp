@@ -158,6 +158,38 @@ TEST(Download, ARemoteThatNeverAcknowledgesCostsThreeTimes2000MsPerBlockAndStill
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{send_complete});
 }
 
+TEST(Download, TheWindowSaysWhichBlockAndWhichAttemptGoesOutSoThatASilentRemoteShows)
+{
+    LinkTestApp t;
+    t.fault(Fault::mute_ack);
+    auto image = test_image(10000);
+    download_image(t.app, image, image.size());
+    const std::string unconfirmed = ": the remote did not confirm it";
+    std::vector<std::string> expected;
+    for (int block = 1; block <= 3; ++block)
+        for (int attempt = 1; attempt <= 3; ++attempt)
+            expected.push_back("Block " + std::to_string(block) + " of 3, attempt " + std::to_string(attempt) + " of 3" +
+                               (attempt > 1 ? unconfirmed : ""));
+    EXPECT_EQ(t.ui.activities, expected);
+    EXPECT_EQ(t.take_lines(), std::vector<std::string>{send_complete});
+}
+
+TEST(Download, ARemoteThatConfirmsEachBlockShowsOneAttemptABlock)
+{
+    LinkTestApp t;
+    // 42 blocks: the last one holds the 10 bytes beyond 41 full ones.
+    auto image = test_image(41 * 4096 + 10);
+    download_image(t.app, image, image.size());
+    ASSERT_EQ(t.ui.activities.size(), 42u);
+    EXPECT_EQ(t.ui.activities.front(), "Block 1 of 42, attempt 1 of 3");
+    EXPECT_EQ(t.ui.activities.back(), "Block 42 of 42, attempt 1 of 3");
+    // An image of whole blocks has no block of nothing to tell.
+    LinkTestApp exact;
+    auto whole = test_image(8192);
+    download_image(exact.app, whole, whole.size());
+    EXPECT_EQ(exact.ui.activities, (std::vector<std::string>{"Block 1 of 2, attempt 1 of 3", "Block 2 of 2, attempt 1 of 3"}));
+}
+
 TEST(Download, OwnNumberAcknowledgementsMakeEveryBlockGoThreeTimes)
 {
     LinkTestApp t;

@@ -15,11 +15,17 @@ class LinkUi : public RecordingUi {
 public:
     using RecordingUi::RecordingUi;
     std::vector<std::pair<int, int>> bar;
+    std::vector<std::string> activities;
     std::vector<std::string> window_events;
     void download_progress(int value, int maximum) override
     {
         bar.emplace_back(value, maximum);
         RecordingUi::download_progress(value, maximum);
+    }
+    void download_activity(const std::string& text) override
+    {
+        activities.push_back(text);
+        RecordingUi::download_activity(text);
     }
     void download_window_show(const std::string& caption, bool progress_bar) override
     {

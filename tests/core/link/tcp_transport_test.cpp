@@ -1,6 +1,8 @@
 // The link over tcp: a connection is the open link, a message one transfer.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
 #include <sys/socket.h>
 
 #include "core/document/clock.h"
@@ -209,6 +211,57 @@ TEST(TcpTransport, TheOtherSideGoneReadsAsNothingAtOnceAndClosesThePipes)
     EXPECT_EQ(wire->write(&wake, 1, written, 200), 0);
     link.close_usb();
     EXPECT_EQ(wire->read(&b, 1, 10), 0);
+}
+
+// A socket buffer as small as the system allows.
+void small_buffer(int fd, int option)
+{
+    const int size = 1024;
+    ASSERT_EQ(::setsockopt(fd, SOL_SOCKET, option, &size, sizeof size), 0);
+}
+
+TEST(TcpTransport, AWriteToAPeerThatStopsReadingEndsOnItsTimeOut)
+{
+    Loopback loop;
+    ASSERT_TRUE(loop.listener.valid());
+    small_buffer(loop.listener.fd(), SO_RCVBUF);  // the accepted socket takes it over
+    TcpTransport t({"127.0.0.1", loop.port});
+    ASSERT_TRUE(t.open("TCP"));
+    small_buffer(t.write_pipe(), SO_SNDBUF);
+    Socket remote(::accept(loop.listener.fd(), nullptr, nullptr));
+    ASSERT_TRUE(remote.valid());
+
+    // Blocks of a download go out until the buffers on both sides are full
+    // and the peer, which reads nothing, lets the write's 200 ms run out.
+    const std::vector<std::uint8_t> block(4105, 0x55);
+    std::size_t written = 0;
+    auto writes = std::async(std::launch::async, [&] {
+        int result = 1;
+        for (int n = 0; n < 1000 && result == 1; ++n) result = t.write(block.data(), block.size(), written, 200);
+        return result;
+    });
+    if (writes.wait_for(std::chrono::seconds(30)) != std::future_status::ready) {
+        ADD_FAILURE() << "a write waits for as long as the peer does not read";
+        remote.reset();  // the peer goes, and the write ends
+    }
+    EXPECT_EQ(writes.get(), -1);
+    EXPECT_LT(written, block.size());
+}
+
+TEST(TcpTransport, AWriteToAPeerThatHasGoneIsAnotherFailure)
+{
+    Loopback loop;
+    TcpTransport t({"127.0.0.1", loop.port});
+    ASSERT_TRUE(t.open("TCP"));
+    Socket remote(::accept(loop.listener.fd(), nullptr, nullptr));
+    remote.reset();
+    // The first write may still find room; the peer's reset ends the next ones.
+    const std::vector<std::uint8_t> block(4105, 0x55);
+    std::size_t written = 0;
+    int result = 1;
+    for (int n = 0; n < 100 && result == 1; ++n) result = t.write(block.data(), block.size(), written, 200);
+    EXPECT_EQ(result, -2);
+    EXPECT_EQ(written, 0u);
 }
 
 TEST(TcpTransport, ARefusedConnectionDoesNotOpen)

@@ -22,6 +22,7 @@
 
 #include "core/document/clock.h"
 #include "emulator/emulator_transport.h"
+#include "platform/posix_file_store.h"
 #include "support/test_app.h"
 #include "views/mainform.h"
 #include "views/mdi_form1.h"
@@ -119,7 +120,8 @@ struct Editor {
     QtUi ui;
     VirtualClock clock;
     RecordingLauncher launcher;
-    Application app{ui, clock, launcher, home.path()};
+    PosixFileStore files;
+    Application app{ui, clock, launcher, files, home.path()};
     std::shared_ptr<emulator::RemoteEmulator> remote = std::make_shared<emulator::RemoteEmulator>();
     std::unique_ptr<MDIForm1> frame;
 
