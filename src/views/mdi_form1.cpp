@@ -19,6 +19,7 @@
 #include "core/link/clock_sync.h"
 #include "core/link/download.h"
 #include "core/link/upload.h"
+#include "core/keys/key_edit.h"
 #include "core/keys/properties_content.h"
 #include "core/tree/adding.h"
 #include "core/tree/edit_state.h"
@@ -282,7 +283,7 @@ std::optional<bool> MDIForm1::edit_command_of_key(const QString& command) const
     const bool edit = command == "muCut" || command == "muCopy" || command == "muPaste" || command == "muDelete";
     if (!edit || app.selection().selected_kind != TreeSelection::Kind::key) return std::nullopt;
     // What the key allows, and only where the key path is there.
-    const auto allows = key_edit_enables(app, app.edit_state().paste_button);
+    const auto allows = key_edit_enables(app, key_in_clipboard(app));
     if (!allows) return false;
     const TreeCommands& c = app.tree_commands();
     if (command == "muCut") return allows->cut && static_cast<bool>(c.key_cut);

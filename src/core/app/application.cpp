@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "core/app/clipboards.h"
 #include "core/document/clock.h"
 #include "core/document/log.h"
 #include "core/image/open_state.h"
@@ -13,6 +14,7 @@
 #include "core/tree/tree_commands.h"
 #include "core/tree/tree_model.h"
 #include "core/link/download.h"
+#include "core/keys/key_edit.h"
 #include "core/keys/properties_content.h"
 
 namespace tesselo {
@@ -28,6 +30,8 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, FileStore& fi
     page_windows_ = std::make_unique<PageWindows>();
     tree_commands_ = std::make_unique<TreeCommands>();
     open_state_ = std::make_unique<OpenState>();
+    clipboards_ = std::make_unique<Clipboards>();
+    install_key_edit_commands(*tree_commands_);
     // Saving in download mode sends the image to the remote before the file is written.
     // The Label command brings the properties window's Label tab forward.
     tree_commands_->label = labelproperties;

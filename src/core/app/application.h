@@ -28,6 +28,7 @@ struct TreeSelection;
 struct EditState;
 struct TreeCommands;
 struct OpenState;
+struct Clipboards;
 class MyDatabaseStore;
 
 // An open document window (a mainform): the slot its tables live in (its tag)
@@ -103,6 +104,8 @@ public:
     PageWindows& page_windows() { return *page_windows_; }
     TreeCommands& tree_commands() { return *tree_commands_; }
     OpenState& open_state() { return *open_state_; }
+    // The key clipboard (and the device and page clipboard's buffers beside it).
+    Clipboards& clipboards() { return *clipboards_; }
     // My Database, read from the home folder on first use (the frame reads it
     // at start); its files are created when they are missing.
     MyDatabaseStore& my_database();
@@ -168,6 +171,7 @@ private:
     std::unique_ptr<PageWindows> page_windows_;
     std::unique_ptr<TreeCommands> tree_commands_;
     std::unique_ptr<OpenState> open_state_;
+    std::unique_ptr<Clipboards> clipboards_;
     std::unique_ptr<MyDatabaseStore> my_database_;
     std::vector<Document> documents_;
     int active_ = -1;

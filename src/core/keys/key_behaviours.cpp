@@ -5,13 +5,13 @@
 #include "core/keys/dialog_tree.h"
 #include "core/keys/hardkey_pictures.h"
 #include "core/keys/key_locator.h"
+#include "core/keys/key_removal.h"
 #include "core/keys/key_refresh.h"
 #include "core/keys/key_selection.h"
 #include "core/keys/step_chain.h"
 #include "core/keys/step_commands.h"
 #include "core/model/softkey_labels.h"
 #include "core/tree/journal.h"
-#include "core/tree/link_repair.h"
 #include "core/tree/tree_view.h"
 
 namespace tesselo {
@@ -183,20 +183,8 @@ bool delete_left_softkey(Application& app, const KeyTarget& target)
     const auto left = locate_softkey(config, target.page_key, static_cast<std::uint8_t>(row + 128));
     if (!left || left->home || left->slot < 0) return false;
     begin_edit(app);
-    auto& page = config.page_table[static_cast<std::size_t>(left->page_row)];
-    auto& slots = page_slots(config, *left);
-    const SoftKey key = slots[static_cast<std::size_t>(left->slot)];
-    if (key.action_list >= 0 && key.action_list < action_list_rows) delete_marcostep(config, key.action_list);
     // Links to the key would name a key that is gone.
-    Cut_Softlinkthiskey(config, static_cast<std::uint8_t>(left->device),
-                        static_cast<std::uint8_t>(left->page_row - pages_before(config, left->device)),
-                        static_cast<std::uint16_t>(key.label_index));
-    if (key.label_index >= 0 && key.label_index < softkey_label_rows)
-        config.softkey_labels[static_cast<std::size_t>(key.label_index)].bytes[0] = free_byte;
-    for (int i = left->slot; i + 1 < page.key_count; ++i)
-        slots[static_cast<std::size_t>(i)] = slots[static_cast<std::size_t>(i + 1)];
-    slots[static_cast<std::size_t>(page.key_count - 1)] = SoftKey{0, 0, no_index, no_index, 0};
-    page.key_count = static_cast<std::uint8_t>(page.key_count - 1);
+    remove_key(config, *left);
     app.write_log("delete left softkey " + key_log_names(app, target.page_key));
     refresh_page_key(app, target.slot, target.page_key, first_side_button + row * 2);
     return true;

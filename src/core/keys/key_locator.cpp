@@ -130,7 +130,7 @@ int key_step_count(const Configuration& config, const KeyPlace& place)
     return config.action_lists.entries[static_cast<std::size_t>(list)].step_count;
 }
 
-bool make_softkey(Configuration& config, KeyPlace& place)
+bool softkey_can_be_made(const Configuration& config, const KeyPlace& place)
 {
     if (place.kind != kind_soft || place.slot >= 0) return true;
     // A HOME page holds its devices' keys alone. A made key is always the
@@ -140,11 +140,18 @@ bool make_softkey(Configuration& config, KeyPlace& place)
     if (right != place.position) {
         const auto row = locate_softkey(config, config.page_table[static_cast<std::size_t>(place.page_row)].node_key, right);
         if (!row || row->slot >= 0) return false;
-        place.position = right;
     }
+    return config.page_table[static_cast<std::size_t>(place.page_row)].key_count < softkeys_per_page &&
+           search_softkeyno(config) < softkey_label_rows;
+}
+
+bool make_softkey(Configuration& config, KeyPlace& place)
+{
+    if (place.kind != kind_soft || place.slot >= 0) return true;
+    if (!softkey_can_be_made(config, place)) return false;
+    place.position = static_cast<std::uint8_t>(place.position & 0x7F);
     auto& page = config.page_table[static_cast<std::size_t>(place.page_row)];
     const int label = search_softkeyno(config);
-    if (page.key_count >= softkeys_per_page || label >= softkey_label_rows) return false;
     config.softkey_labels[static_cast<std::size_t>(label)].bytes[0] = 0;
     place.slot = page.key_count;
     page.key_count = static_cast<std::uint8_t>(page.key_count + 1);

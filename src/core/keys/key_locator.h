@@ -53,5 +53,7 @@ int key_step_count(const Configuration& config, const KeyPlace& place);
 // right-side key). False when the page or the label pool is full, on a
 // HOME page, and on a left button whose row has its right key.
 bool make_softkey(Configuration& config, KeyPlace& place);
+// Whether make_softkey would find room: true where the key stands already.
+bool softkey_can_be_made(const Configuration& config, const KeyPlace& place);
 
 }  // namespace tesselo

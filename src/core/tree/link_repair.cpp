@@ -110,8 +110,10 @@ std::uint8_t home_page_of_device(int device) { return static_cast<std::uint8_t>(
 
 void Cut_hardlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t key)
 {
+    // A link to a hard key carries 255 where a page would stand, and the key
+    // index + 1 as the key it names: only the links to this one key go.
     cut_matching(config, false, [&](const ActionStep& s) {
-        return s.step_type == step_link && s.param_low == device && s.param_high == key;
+        return s.step_type == step_link && s.param_low == device && s.param_high == free_byte && s.value == key + 1;
     });
 }
 

@@ -14,7 +14,8 @@ namespace tesselo {
 // is freed, and a key whose list was freed is left with no action (65535).
 // The counts at the head of both tables follow.
 
-// Link steps to a hard key: param_low = device, param_high = key.
+// Link steps to hard key index `key` of a device: param_low = device,
+// param_high = 255 (the mark of a hard key link), value = key + 1.
 void Cut_hardlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t key);
 // Link steps to a soft key: param_low = device, param_high = page, value = value.
 void Cut_Softlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t page, std::uint16_t value);

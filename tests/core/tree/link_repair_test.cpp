@@ -69,7 +69,7 @@ TEST_F(LinkRepair, AKeyWhoseOnlyStepWasTheLinkRemainsWithNoAction)
     dvd_key(0, 1) = SoftKey{0, 1, 30, 1, 0};
     c.page_table[3].key_count = 2;
     c.hardkeys[0].action_list = 0;
-    Cut_hardlinkthiskey(c, 1, 255);
+    Cut_hardlinkthiskey(c, 1, 4);
     EXPECT_EQ(c.action_lists.entries[1].step_count, 0);
     EXPECT_EQ(c.action_lists.entries[1].first_step, 0);
     EXPECT_EQ(c.action_lists.list_count, 1);
