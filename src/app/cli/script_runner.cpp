@@ -46,6 +46,7 @@ const ScriptOperations& script_operations()
         add_document_operations(all);
         add_tree_operations(all);
         add_step_operations(all);
+        add_key_operations(all);
         add_label_operations(all);
         add_link_operations(all);
         add_ir_operations(all);

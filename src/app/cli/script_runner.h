@@ -29,6 +29,7 @@ const ScriptOperations& script_operations();
 void add_document_operations(ScriptOperations& ops);
 void add_tree_operations(ScriptOperations& ops);
 void add_step_operations(ScriptOperations& ops);
+void add_key_operations(ScriptOperations& ops);
 void add_label_operations(ScriptOperations& ops);
 void add_link_operations(ScriptOperations& ops);
 void add_ir_operations(ScriptOperations& ops);

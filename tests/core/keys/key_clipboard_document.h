@@ -45,7 +45,11 @@ struct ClipDocument : KeysDocument {
         } else {
             number = *store_ir_code(cfg, code);
         }
-        return add_step(cfg, place, type, number);
+        const int step = add_step(cfg, place, type, number);
+        // A refused step gives its learned slot back, as the IR dialog does.
+        if (step < 0 && code.learned)
+            cfg.learning_bitmap[static_cast<std::size_t>(number / 8)] &= static_cast<std::uint8_t>(~(128 >> (number % 8)));
+        return step;
     }
     int add_plain(const std::string& page, std::uint8_t type, int number = 10, std::uint16_t value = 0,
                   std::uint8_t extra = 0)
