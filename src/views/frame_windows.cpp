@@ -212,6 +212,8 @@ void MDIForm1::page_window_opened(int slot, const std::string& caption)
     connect(page, &Remote::key_hovered, this, &MDIForm1::show_key_status);
     connect(page, &Remote::key_selected, this, &MDIForm1::key_selected);
     connect(page, &Remote::key_double_clicked, this, &MDIForm1::add_ir_code);
+    connect(page, &Remote::key_menu_requested, this, &MDIForm1::key_menu_requested);
+    connect(page, &Remote::key_dropped, this, &MDIForm1::key_dropped);
     connect(page, &Remote::closed, this, &MDIForm1::page_window_closed_by_user);
     sub->adjustSize();
     place_new_window(sub);

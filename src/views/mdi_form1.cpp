@@ -176,6 +176,7 @@ void MDIForm1::build_menus()
         action->setEnabled(false);
         entries_.insert(e.name, action);
     }
+    connect_key_entries();
 }
 
 void MDIForm1::build_toolbar()
@@ -317,6 +318,7 @@ void MDIForm1::update_commands()
         it.value()->setEnabled(command_enabled(it.key()));
     }
     for (auto it = buttons_.begin(); it != buttons_.end(); ++it) it.value()->setEnabled(button_enabled(it.key()));
+    update_key_entries();
 }
 
 void MDIForm1::set_status(const QString& text) { status_text_->setText(text); }

@@ -26,6 +26,7 @@ namespace tesselo {
 class mainform;
 class properties;
 class Remote;
+struct KeyDragData;
 
 // The frame: menus, Toolbar1, the status line, and every document and page
 // window in its MDI area. Its commands call core; what they may do is decided
@@ -70,6 +71,11 @@ public:
     enum class Arrangement { cascade, tile_horizontally, tile_vertically };
     void arrange(Arrangement how);
 
+    // The popup of the selected key (cPopup2), built from what the key allows.
+    QMenu* build_key_menu();
+    // A drop of a dragged key on picture `index` of a page window.
+    void key_dropped(Remote* window, int index, const KeyDragData& source);
+
     // Hands over files given to a second start of the program.
     void open_files(const QStringList& paths);
     // Brings the frame to the front.
@@ -109,6 +115,12 @@ private:
     void subwindow_activated(QMdiSubWindow* window);
     void show_key_status(Remote* window, int index);
     void key_selected(Remote* window, int index);
+    void key_menu_requested(Remote* window, int index, const QPoint& global);
+    // The hidden key menu mukeyedit: its entries run and follow the Edit menu's.
+    void connect_key_entries();
+    void update_key_entries();
+    // After a key gesture: the properties window and the Edit commands follow.
+    void key_gesture_done();
     // Add IR Code for the key at picture `index` of a page window.
     void add_ir_code(Remote* window, int index);
     void page_window_closed_by_user(Remote* page);

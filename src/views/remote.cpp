@@ -1,11 +1,16 @@
 #include "views/remote.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDrag>
+#include <QMimeData>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include "core/app/application.h"
+#include "core/keys/key_drag.h"
+#include "core/keys/key_edit.h"
 #include "core/tree/selection.h"
 #include "views/artwork.h"
 #include "views/glyph_font.h"
@@ -27,6 +32,64 @@ QRectF pixels(const TwipRect& r)
 }
 
 }  // namespace
+
+QMimeData* key_drag_mime(const KeyDragData& data)
+{
+    auto* mime = new QMimeData;
+    mime->setData(key_drag_format, QStringList({QString::number(data.slot), data.page_key, QString::number(data.picture),
+                                                QString::number(data.mode)})
+                                       .join('\n')
+                                       .toUtf8());
+    return mime;
+}
+
+std::optional<KeyDragData> key_drag_data(const QMimeData* mime)
+{
+    if (!mime || !mime->hasFormat(key_drag_format)) return std::nullopt;
+    const QStringList parts = QString::fromUtf8(mime->data(key_drag_format)).split('\n');
+    if (parts.size() != 4) return std::nullopt;
+    bool ok[3] = {};
+    KeyDragData data{parts[0].toInt(&ok[0]), parts[1], parts[2].toInt(&ok[1]), parts[3].toInt(&ok[2])};
+    if (!ok[0] || !ok[1] || !ok[2]) return std::nullopt;
+    return data;
+}
+
+int shift_state(Qt::KeyboardModifiers modifiers)
+{
+    return (modifiers & Qt::ShiftModifier ? 1 : 0) | (modifiers & Qt::ControlModifier ? 2 : 0) |
+           (modifiers & Qt::AltModifier ? 4 : 0);
+}
+
+QPixmap drag_icon(int mode)
+{
+    QPixmap icon(32, 32);
+    icon.fill(Qt::transparent);
+    QPainter p(&icon);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(0x1F, 0x4E, 0x9A), 2.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setBrush(QColor(0xE8, 0xF0, 0xFB));
+    p.drawRoundedRect(QRectF(2, 2, 28, 28), 6, 6);
+    switch (mode) {
+    case drag_move:
+        p.drawLine(QPointF(8, 16), QPointF(24, 16));
+        p.drawLine(QPointF(18, 10), QPointF(24, 16));
+        p.drawLine(QPointF(18, 22), QPointF(24, 16));
+        break;
+    case drag_copy:
+        p.drawLine(QPointF(16, 8), QPointF(16, 24));
+        p.drawLine(QPointF(8, 16), QPointF(24, 16));
+        break;
+    case drag_action:
+        for (int y : {10, 16, 22}) p.drawLine(QPointF(9, y), QPointF(23, y));
+        break;
+    default:
+        p.setBrush(Qt::NoBrush);
+        p.drawEllipse(QRectF(6, 11, 12, 10));
+        p.drawEllipse(QRectF(14, 11, 12, 10));
+        break;
+    }
+    return icon;
+}
 
 LcdRowBox::LcdRowBox(int row, QWidget* parent) : QWidget(parent), row_number_(row)
 {
@@ -59,6 +122,7 @@ Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
     setProperty("Tag", tag_);
     setWindowTitle(QString::fromStdString(page_node_key(app.config(slot), page)));
     setMouseTracking(true);
+    setAcceptDrops(true);
     setFixedSize(window_size());
     setAutoFillBackground(true);
     QPalette back = palette();
@@ -191,6 +255,11 @@ void Remote::paintEvent(QPaintEvent*)
 
 void Remote::mouseMoveEvent(QMouseEvent* event)
 {
+    if (drag_index_ >= 0 && (event->buttons() & Qt::LeftButton) &&
+        (event->position().toPoint() - drag_start_).manhattanLength() >= QApplication::startDragDistance()) {
+        start_drag();
+        return;
+    }
     const int index = picture_at(event->position());
     if (index != hover_) {
         hover_ = index;
@@ -205,13 +274,61 @@ void Remote::mousePressEvent(QMouseEvent* event)
     if (index < 0) return;
     pressed_ = index;
     select_key(index);
+    drag_index_ = -1;
+    if (event->button() != Qt::LeftButton) return;
+    // The mode comes from the keys held as the drag starts, by their exact state.
+    const int mode = drag_mode_of_shift(shift_state(event->modifiers()));
+    if (!drag_starts(page_.home, index, mode)) return;
+    drag_index_ = index;
+    drag_mode_ = mode;
+    drag_start_ = event->position().toPoint();
 }
 
-void Remote::mouseReleaseEvent(QMouseEvent*)
+void Remote::mouseReleaseEvent(QMouseEvent* event)
 {
     pressed_ = -1;
+    drag_index_ = -1;
+    update();
+    const int index = picture_at(event->position());
+    if (event->button() == Qt::RightButton && index >= 0)
+        Q_EMIT key_menu_requested(this, index, event->globalPosition().toPoint());
+}
+
+void Remote::start_drag()
+{
+    const KeyDragData data{slot_, caption(), drag_index_, drag_mode_};
+    drag_index_ = -1;
+    pressed_ = -1;
+    auto* drag = new QDrag(this);
+    drag->setMimeData(key_drag_mime(data));
+    drag->setPixmap(drag_icon(data.mode));
+    drag->setHotSpot(QPoint(16, 16));
+    drag->exec(Qt::MoveAction | Qt::CopyAction | Qt::LinkAction, Qt::MoveAction);
     update();
 }
+
+void Remote::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (key_drag_data(event->mimeData())) event->acceptProposedAction();
+}
+
+void Remote::dragMoveEvent(QDragMoveEvent* event)
+{
+    // Only a key picture takes a drop.
+    if (key_drag_data(event->mimeData()) && picture_at(event->position()) >= 0) event->acceptProposedAction();
+    else event->ignore();
+}
+
+void Remote::dropEvent(QDropEvent* event)
+{
+    const auto source = key_drag_data(event->mimeData());
+    const int index = picture_at(event->position());
+    if (!source || index < 0) return;
+    event->acceptProposedAction();
+    drop_key_at(index, *source);
+}
+
+void Remote::drop_key_at(int index, const KeyDragData& source) { Q_EMIT key_dropped(this, index, source); }
 
 void Remote::mouseDoubleClickEvent(QMouseEvent* event)
 {

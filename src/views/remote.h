@@ -1,12 +1,14 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include <QWidget>
 
 #include "core/keys/page_canvas.h"
 
 class QLabel;
+class QMimeData;
 
 namespace tesselo {
 
@@ -27,6 +29,23 @@ private:
     int row_number_;
     LcdRow row_;
 };
+
+// What a key dragged from a page window carries: its document slot, its
+// page's node key, its picture and the drag mode chosen when it started.
+struct KeyDragData {
+    int slot = 0;
+    QString page_key;
+    int picture = -1;
+    int mode = 0;
+};
+inline const QString key_drag_format = "application/x-tesselo-key";
+QMimeData* key_drag_mime(const KeyDragData& data);
+std::optional<KeyDragData> key_drag_data(const QMimeData* mime);
+// The shift state of a drag's start, as the modes are chosen by it: 1 Shift, 2 Ctrl, 4 Alt.
+int shift_state(Qt::KeyboardModifiers modifiers);
+// The drag icon of each mode: an arrow to move, a plus to copy, a list for
+// the action, two rings for a link.
+QPixmap drag_icon(int mode);
 
 // A page window: the remote's body with its display and 56 key pictures.
 // It holds no key data: every paint reads the document's tables.
@@ -72,6 +91,10 @@ Q_SIGNALS:
     // A double click on a key: its Add IR Code dialog.
     void key_double_clicked(Remote* window, int index);
     void closed(Remote* window);
+    // The right button released on a key: its popup at `global`.
+    void key_menu_requested(Remote* window, int index, const QPoint& global);
+    // A key dragged from a page window was dropped on picture `index`.
+    void key_dropped(Remote* window, int index, const KeyDragData& source);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -81,8 +104,20 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+public:
+    // The drag that a press prepared: its picture (-1 for none) and mode.
+    int drag_source() const { return drag_index_; }
+    int drag_mode() const { return drag_mode_; }
+    // What a drop of `source` on picture `index` does (the drop event's end).
+    void drop_key_at(int index, const KeyDragData& source);
 
 private:
+    void start_drag();
+
     QRectF to_pixels(const TwipRect& r) const;
     void update_rows();
 
@@ -93,6 +128,9 @@ private:
     int hover_ = -1;
     int pressed_ = -1;
     bool released_ = false;
+    int drag_index_ = -1;
+    int drag_mode_ = 0;
+    QPoint drag_start_;
     QLabel* pagelabel;
     std::array<LcdRowBox*, lcd_rows> labelRichText1{};
 };
