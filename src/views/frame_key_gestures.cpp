@@ -5,6 +5,7 @@
 #include "core/keys/key_drag.h"
 #include "core/keys/key_popup.h"
 #include "views/mdi_form1.h"
+#include "views/popup_menus.h"
 #include "views/properties_window.h"
 #include "views/remote.h"
 
@@ -48,25 +49,10 @@ void MDIForm1::key_gesture_done()
 
 QMenu* MDIForm1::build_key_menu()
 {
-    const std::vector<PopupItem> items = build_key_popup(app_);
-    if (items.empty()) return nullptr;
-    auto* menu = new QMenu(this);
-    menu->setObjectName("cPopup2");
-    for (const PopupItem& item : items) {
-        if (item.type == popup_divider) {
-            menu->addSeparator();
-            continue;
-        }
-        QAction* action = menu->addAction(QString::fromStdString(item.caption));
-        action->setObjectName(QString::fromStdString(item.key));
-        action->setEnabled(item.state != popup_greyed);
-        const std::string key = item.key;
-        connect(action, &QAction::triggered, this, [this, key] {
-            cPopup2_ItemClick(app_, key);
-            key_gesture_done();
-        });
-    }
-    return menu;
+    return popup_menu_of(build_key_popup(app_), "cPopup2", this, [this](const std::string& key) {
+        cPopup2_ItemClick(app_, key);
+        key_gesture_done();
+    });
 }
 
 void MDIForm1::key_menu_requested(Remote* window, int index, const QPoint& global)

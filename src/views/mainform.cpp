@@ -16,6 +16,7 @@
 #include "core/app/application.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/popup_menu.h"
+#include "views/popup_menus.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
 #include "views/artwork.h"
@@ -158,27 +159,10 @@ void mainform::node_double_clicked(const QModelIndex& index)
 
 QMenu* mainform::build_popup_menu()
 {
-    const std::vector<PopupItem> items = build_popup(app_, slot_);
-    if (items.empty()) return nullptr;
-    auto* menu = new QMenu(this);
-    menu->setObjectName("cPopup1");
-    for (const PopupItem& item : items) {
-        if (item.type == popup_divider) {
-            menu->addSeparator();
-            continue;
-        }
-        QAction* action = menu->addAction(QString::fromStdString(item.caption));
-        action->setObjectName(QString::fromStdString(item.key));
-        action->setEnabled(item.state != popup_greyed);
-        action->setCheckable(item.state == popup_checked);
-        action->setChecked(item.state == popup_checked);
-        const std::string key = item.key;
-        connect(action, &QAction::triggered, this, [this, key] {
-            cPopup1_ItemClick(app_, key);
-            Q_EMIT commands_changed();
-        });
-    }
-    return menu;
+    return popup_menu_of(build_popup(app_, slot_), "cPopup1", this, [this](const std::string& key) {
+        cPopup1_ItemClick(app_, key);
+        Q_EMIT commands_changed();
+    });
 }
 
 void mainform::popup_requested(const QPoint& pos)

@@ -2,7 +2,6 @@
 // copy, paste, delete and drag-key.
 #include "app/cli/script_runner.h"
 #include "app/cli/script_targets.h"
-#include "core/keys/hardkey_pictures.h"
 #include "core/keys/key_drag.h"
 #include "core/keys/key_edit.h"
 #include "core/keys/page_canvas.h"
@@ -55,13 +54,7 @@ void add_key_operations(ScriptOperations& ops)
         const auto source = key_target(ctx);
         if (!source || args.size() < 3) return LineResult::bad_line;
         const int mode = drag_mode_word(args[0]);
-        int picture = -1;
-        if (args[1] == "soft" && (args.size() == 3 || (args.size() == 4 && args[3] == "left"))) {
-            const int row = number_in(args[2], 0, 5);
-            if (row >= 0) picture = first_side_button + row * 2 + (args.size() == 4 ? 1 : 0);
-        } else if (args[1] == "hard" && args.size() == 3) {
-            picture = number_in(args[2], 0, key_pictures - 1);
-        }
+        const int picture = key_picture(args, 1);
         if (mode < 0 || picture < 0) return LineResult::bad_line;
         const int from = ctx.app.key_selection.selected_index;
         const auto page = find_page(ctx.app.config(source->slot), source->page_key);

@@ -61,15 +61,8 @@ void add_step_operations(ScriptOperations& ops)
 {
     ops["key"] = [](CliContext& ctx, const ScriptArgs& args) {
         const auto target = page_target(ctx);
-        if (!target || args.size() < 2) return LineResult::bad_line;
-        int picture = -1;
-        if (args[0] == "soft" && (args.size() == 2 || (args.size() == 3 && args[2] == "left"))) {
-            const int row = number_in(args[1], 0, 5);
-            if (row >= 0) picture = first_side_button + row * 2 + (args.size() == 3 ? 1 : 0);
-        } else if (args[0] == "hard" && args.size() == 2) {
-            picture = number_in(args[1], 0, key_pictures - 1);
-        }
-        if (picture < 0) return LineResult::bad_line;
+        const int picture = key_picture(args, 0);
+        if (!target || picture < 0) return LineResult::bad_line;
         select_key(ctx.app, picture);
         load_step_rows(ctx.app, *target, LibraryStepNames(ctx.app.home(), &ctx.app.my_database()));
         return LineResult::done;

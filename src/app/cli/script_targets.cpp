@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "core/keys/hardkey_pictures.h"
 #include "core/tree/selection.h"
 
 namespace tesselo::cli {
@@ -13,6 +14,19 @@ int number_in(const std::string& word, int low, int high)
         if (c < '0' || c > '9') return -1;
     const int n = std::atoi(word.c_str());
     return n >= low && n <= high ? n : -1;
+}
+
+int key_picture(const std::vector<std::string>& words, std::size_t from)
+{
+    const std::size_t n = words.size() > from ? words.size() - from : 0;
+    if (n < 2) return -1;
+    const std::string& kind = words[from];
+    if (kind == "soft" && (n == 2 || (n == 3 && words[from + 2] == "left"))) {
+        const int row = number_in(words[from + 1], 0, 5);
+        return row < 0 ? -1 : first_side_button + row * 2 + (n == 3 ? 1 : 0);
+    }
+    if (kind == "hard" && n == 2) return number_in(words[from + 1], 0, key_pictures - 1);
+    return -1;
 }
 
 std::optional<KeyTarget> page_target(CliContext& ctx)

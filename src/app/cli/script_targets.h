@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "app/cli/cli_context.h"
 #include "core/keys/step_commands.h"
@@ -10,6 +11,10 @@ namespace tesselo::cli {
 
 // A whole number from `low` to `high` written in digits, or -1.
 int number_in(const std::string& word, int low, int high);
+
+// The picture that `soft ROW [left]` or `hard PICTURE` names, from word
+// `from` of `words` to their end; -1 when the words name none.
+int key_picture(const std::vector<std::string>& words, std::size_t from);
 
 // The key target of the active document: its page is the selected page node.
 std::optional<KeyTarget> page_target(CliContext& ctx);

@@ -91,6 +91,7 @@ TEST_P(KeyClipboardProperty, RandomGesturesAcrossThreeDocumentsKeepEveryInvarian
     const std::array<int, 12> pictures{0, 1, 2, 33, 40, 3, 5, 6, 7, 9, 12, 13};
     auto end = [&] { return KeyEnd{at(pages[static_cast<std::size_t>(pick(6))]), pictures[static_cast<std::size_t>(pick(12))]}; };
 
+    int pastes = 0, removals = 0, drops = 0;
     for (int op = 0; op < 700; ++op) {
         const KeyEnd a = end();
         click(a.page.page_key, a.picture);
@@ -104,15 +105,15 @@ TEST_P(KeyClipboardProperty, RandomGesturesAcrossThreeDocumentsKeepEveryInvarian
         } else if (what == 3) {
             edit("muCopy");
         } else if (what == 4) {
-            edit("muCut");
+            removals += edit("muCut");
         } else if (what == 5) {
-            edit("muPaste");
+            pastes += edit("muPaste");
         } else if (what == 6) {
-            edit("muDelete");
+            removals += edit("muDelete");
         } else {
             KeyEnd b = end();
             if (pick(2)) b.page = a.page;
-            drop_key(t.app, a, b, pick(4));
+            drops += drop_key(t.app, a, b, pick(4));
         }
         for (int slot = 0; slot < 3; ++slot) {
             const Configuration& cfg = t.app.config(slot);
@@ -122,6 +123,10 @@ TEST_P(KeyClipboardProperty, RandomGesturesAcrossThreeDocumentsKeepEveryInvarian
         if (op % 100 == 99)
             for (int slot = 0; slot < 3; ++slot) expect_round_trip(t.app.config(slot), slot);
     }
+    // The gestures did their work, not only their refusals.
+    EXPECT_GT(pastes, 20);
+    EXPECT_GT(removals, 20);
+    EXPECT_GT(drops, 20);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, KeyClipboardProperty, ::testing::Values(1u, 7u, 42u, 1234u, 98765u));
