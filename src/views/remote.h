@@ -1,42 +1,18 @@
 #pragma once
 
-#include <array>
-
-#include <QWidget>
-
 #include "core/keys/page_canvas.h"
-
-class QLabel;
+#include "views/remote_picture.h"
 
 namespace tesselo {
 
 class Application;
 
-// One LCD row of a page window: its soft keys' labels drawn as glyphs.
-class LcdRowBox : public QWidget {
-    Q_OBJECT
-public:
-    LcdRowBox(int row, QWidget* parent);
-    void set_row(const LcdRow& row) { row_ = row; update(); }
-    int row() const { return row_number_; }
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    int row_number_;
-    LcdRow row_;
-};
-
-// A page window: the remote's body with its display and 56 key pictures.
-// It holds no key data: every paint reads the document's tables.
-class Remote : public QWidget {
+// A page window: the remote's picture showing one page of a document. It
+// holds no key data: every paint reads the document's tables.
+class Remote : public RemotePicture {
     Q_OBJECT
 public:
     Remote(Application& app, int slot, const PageRef& page, QWidget* parent = nullptr);
-    // The window's size: the whole remote, always.
-    static QSize window_size();
-
     int slot() const { return slot_; }
     const PageRef& page() const { return page_; }
     QString tag() const { return tag_; }
@@ -52,10 +28,6 @@ public:
     // The selected key when it is on this window's page, else -1: there is
     // one selected key in the program, held by the application.
     int selected_index() const;
-    int hover_index() const { return hover_; }
-    // The picture at a point of the window, or -1.
-    int picture_at(const QPointF& point) const;
-    QRectF picture_rect(int index) const;
     void select_key(int index);
     // One key drawn again from the tables: a side button's LCD row box, or a
     // hard key's picture.
@@ -74,27 +46,17 @@ Q_SIGNALS:
     void closed(Remote* window);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    int selected_picture() const override { return selected_index(); }
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    QRectF to_pixels(const TwipRect& r) const;
     void update_rows();
 
     Application& app_;
     int slot_;
     PageRef page_;
     QString tag_;
-    int hover_ = -1;
-    int pressed_ = -1;
     bool released_ = false;
-    QLabel* pagelabel;
-    std::array<LcdRowBox*, lcd_rows> labelRichText1{};
 };
 
 }  // namespace tesselo
