@@ -1,5 +1,7 @@
 #include "platform/posix_launcher.h"
 
+#include "platform/executable_folder.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -97,9 +99,14 @@ void PosixLauncher::bring_forward(const std::string& program)
         spawn({"xdotool", "search", "--onlyvisible", "--pid", std::to_string(pid), "windowactivate"}, {});
 }
 
-bool PosixLauncher::start(const std::string& program, const std::string& working_folder)
+std::string PosixLauncher::program_path(const std::string& name) { return (executable_folder() / name).string(); }
+
+bool PosixLauncher::start(const std::string& program, const std::vector<std::string>& arguments,
+                          const std::string& working_folder)
 {
-    return spawn({program}, working_folder);
+    std::vector<std::string> argv{program};
+    argv.insert(argv.end(), arguments.begin(), arguments.end());
+    return spawn(argv, working_folder);
 }
 
 void PosixLauncher::end_process(const std::string& program)

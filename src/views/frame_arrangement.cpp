@@ -41,7 +41,7 @@ QSize page_window_estimate(const QWidget* frame)
     const QStyle* style = frame->style();
     const int border = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, frame);
     const int title = style->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, frame);
-    return Remote::window_size() + QSize(2 * border, title + 2 * border);
+    return Remote::picture_size() + QSize(2 * border, title + 2 * border);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <QCloseEvent>
 #include <QDrag>
 #include <QMimeData>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -12,26 +11,8 @@
 #include "core/keys/key_drag.h"
 #include "core/keys/key_edit.h"
 #include "core/tree/selection.h"
-#include "views/artwork.h"
-#include "views/glyph_font.h"
 
 namespace tesselo {
-
-namespace {
-
-const QColor lcd_back(0xB4, 0xCF, 0x9A);
-const QColor lcd_ink(0x1F, 0x2A, 0x1A);
-
-// The body stands in the middle of a window wide enough for its title.
-constexpr qreal margin = 22;
-
-QRectF pixels(const TwipRect& r)
-{
-    return QRectF(r.left / double(twips_per_pixel), r.top / double(twips_per_pixel), r.width / double(twips_per_pixel),
-                  r.height / double(twips_per_pixel));
-}
-
-}  // namespace
 
 QMimeData* key_drag_mime(const KeyDragData& data)
 {
@@ -91,86 +72,30 @@ QPixmap drag_icon(int mode)
     return icon;
 }
 
-LcdRowBox::LcdRowBox(int row, QWidget* parent) : QWidget(parent), row_number_(row)
-{
-    setObjectName("labelRichText1");
-    setProperty("Index", row * 3);
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-}
-
-void LcdRowBox::paintEvent(QPaintEvent*)
-{
-    QPainter p(this);
-    const QRectF box = rect();
-    // A row with two keys shares its width between them.
-    if (row_.has_left && row_.has_right) {
-        const QRectF left(box.left(), box.top(), box.width() / 2, box.height());
-        const QRectF right(box.center().x(), box.top(), box.width() / 2, box.height());
-        draw_glyphs(p, left, row_.left, row_.left.glyph_count(), align_left, lcd_ink, 1.0);
-        draw_glyphs(p, right, row_.right, row_.right.glyph_count(), align_right, lcd_ink, 1.0);
-        return;
-    }
-    if (row_.has_right) draw_glyphs(p, box, row_.right, row_.right.glyph_count(), row_.right.alignment(), lcd_ink, 1.0);
-    if (row_.has_left) draw_glyphs(p, box, row_.left, row_.left.glyph_count(), row_.left.alignment(), lcd_ink, 1.0);
-}
-
 Remote::Remote(Application& app, int slot, const PageRef& page, QWidget* parent)
-    : QWidget(parent), app_(app), slot_(slot), page_(page)
+    : RemotePicture(parent), app_(app), slot_(slot), page_(page)
 {
     setObjectName("Remote");
     tag_ = QString::fromStdString(BuildTagText(slot, page.page_entry));
     setProperty("Tag", tag_);
     setWindowTitle(QString::fromStdString(page_node_key(app.config(slot), page)));
-    setMouseTracking(true);
+    // The hard keys carry the names of the page's device, as the tables hold them now.
+    set_hard_labels([this](int key) -> const KeyLabel* {
+        return &app_.config(slot_).hardkey_labels[static_cast<std::size_t>(page_.device * hardkeys_per_device + key)];
+    });
+    connect(this, &RemotePicture::picture_hovered, this, [this](int index) { Q_EMIT key_hovered(this, index); });
+    connect(this, &RemotePicture::picture_pressed, this, &Remote::select_key);
+    connect(this, &RemotePicture::picture_double_clicked, this,
+            [this](int index) { Q_EMIT key_double_clicked(this, index); });
     setAcceptDrops(true);
-    setFixedSize(window_size());
-    setAutoFillBackground(true);
-    QPalette back = palette();
-    back.setColor(QPalette::Window, QColor(0xE9, 0xEB, 0xEE));
-    setPalette(back);
-
-    const QRectF panel = to_pixels(lcd_panel_rect());
-    for (int row = 0; row < lcd_rows; ++row) {
-        auto* box = new LcdRowBox(row, this);
-        // Each box is drawn in the top of its place: the glyphs are one row of dots high.
-        const QRectF r = pixels(lcd_row_rect(row)).translated(panel.topLeft());
-        box->setGeometry(QRectF(r.left() + 1, r.top(), r.width() - 1, 15).toRect());
-        labelRichText1[static_cast<std::size_t>(row)] = box;
-    }
-    pagelabel = new QLabel(this);
-    pagelabel->setObjectName("pagelabel");
-    pagelabel->setAlignment(Qt::AlignCenter);
-    pagelabel->setGeometry(to_pixels(pagelabel_rect()).toRect());
-    pagelabel->setStyleSheet("color: #d8dde6; font-size: 9px; letter-spacing: 1px;");
     update_rows();
 }
 
-QSize Remote::window_size()
-{
-    const QRectF body = pixels(remote_body_rect());
-    return {int(body.width() + 2 * margin), int(body.height() + 8)};
-}
-
-QRectF Remote::to_pixels(const TwipRect& r) const { return pixels(r).translated(margin, 4); }
-
-QRectF Remote::picture_rect(int index) const { return to_pixels(key_picture_rect(index)); }
-
-int Remote::picture_at(const QPointF& point) const
-{
-    for (int i = 0; i < key_picture_count; ++i)
-        if (picture_rect(i).contains(point)) return i;
-    return -1;
-}
-
-void Remote::update_rows()
-{
-    const auto rows = lcd_page_rows(app_.config(slot_), page_);
-    for (int row = 0; row < lcd_rows; ++row) labelRichText1[static_cast<std::size_t>(row)]->set_row(rows[static_cast<std::size_t>(row)]);
-}
+void Remote::update_rows() { set_rows(lcd_page_rows(app_.config(slot_), page_)); }
 
 bool Remote::refresh(const QString& counter)
 {
-    pagelabel->setText(counter);
+    set_counter(counter);
     const auto found = find_page(app_.config(slot_), windowTitle().toStdString());
     if (!found) return false;
     page_ = *found;
@@ -182,14 +107,14 @@ bool Remote::refresh(const QString& counter)
 void Remote::refresh_key(int index)
 {
     if (is_side_button(index)) {
-        const auto row = static_cast<std::size_t>(side_button_row(index));
-        labelRichText1[row]->set_row(lcd_page_rows(app_.config(slot_), page_)[row]);
-    } else if (index >= 0 && index < key_picture_count) {
-        update(picture_rect(index).toAlignedRect().adjusted(-2, -2, 2, 2));
+        const int row = side_button_row(index);
+        set_row(row, lcd_page_rows(app_.config(slot_), page_)[static_cast<std::size_t>(row)]);
+    } else {
+        update_picture(index);
     }
 }
 
-QString Remote::pagelabel_text() const { return pagelabel->text(); }
+QString Remote::pagelabel_text() const { return counter(); }
 
 QString Remote::key_text(int index) const
 {
@@ -214,68 +139,12 @@ void Remote::select_key(int index)
     Q_EMIT key_selected(this, index);
 }
 
-void Remote::paintEvent(QPaintEvent*)
-{
-    QPainter p(this);
-    p.setRenderHint(QPainter::Antialiasing);
-    draw_remote_body(p, to_pixels(remote_body_rect()));
-    const QRectF panel = to_pixels(lcd_panel_rect());
-    p.setPen(QPen(QColor(0x20, 0x24, 0x2A), 2));
-    p.setBrush(QColor(0x26, 0x2A, 0x31));
-    p.drawRoundedRect(panel.adjusted(-3, -3, 3, 3), 4, 4);
-    QLinearGradient glass(panel.topLeft(), panel.bottomLeft());
-    glass.setColorAt(0, lcd_back.lighter(108));
-    glass.setColorAt(1, lcd_back.darker(106));
-    p.setPen(Qt::NoPen);
-    p.setBrush(glass);
-    p.drawRect(panel);
-    // The title row stands apart from the keys' rows.
-    p.setPen(QPen(QColor(0x1F, 0x2A, 0x1A, 90), 1));
-    const qreal rule = panel.top() + to_pixels(lcd_row_rect(1)).top() - 2;
-    p.drawLine(QPointF(panel.left() + 3, rule), QPointF(panel.right() - 3, rule));
-
-    const int selected = selected_index();
-    for (int i = 0; i < key_picture_count; ++i) {
-        KeyState state = KeyState::normal;
-        if (i == pressed_) state = KeyState::pressed;
-        else if (i == selected) state = KeyState::selected;
-        else if (i == hover_) state = KeyState::hover;
-        draw_key_picture(p, picture_rect(i), i, state);
-        const int key = check_hardkeyindex(i);
-        if (key < 0) continue;
-        const KeyLabel& label =
-            app_.config(slot_).hardkey_labels[static_cast<std::size_t>(page_.device * hardkeys_per_device + key)];
-        const int count = label.header() <= label_glyphs ? label.header() : 0;
-        const QRectF r = picture_rect(i);
-        // Long names shrink to the key; a key's name is never cut.
-        const qreal dot = std::min(1.0, (r.width() - 3) / std::max(1, count * glyph_advance));
-        draw_glyphs(p, r, label, count, align_centre, QColor(0x1A, 0x1D, 0x22), std::max(0.45, dot * 0.72));
-    }
-}
-
-void Remote::mouseMoveEvent(QMouseEvent* event)
-{
-    if (drag_index_ >= 0 && (event->buttons() & Qt::LeftButton) &&
-        (event->position().toPoint() - drag_start_).manhattanLength() >= QApplication::startDragDistance()) {
-        start_drag();
-        return;
-    }
-    const int index = picture_at(event->position());
-    if (index != hover_) {
-        hover_ = index;
-        update();
-        Q_EMIT key_hovered(this, index);
-    }
-}
-
 void Remote::mousePressEvent(QMouseEvent* event)
 {
-    const int index = picture_at(event->position());
-    if (index < 0) return;
-    pressed_ = index;
-    select_key(index);
     drag_index_ = -1;
-    if (event->button() != Qt::LeftButton) return;
+    RemotePicture::mousePressEvent(event);
+    const int index = picture_at(event->position());
+    if (index < 0 || event->button() != Qt::LeftButton) return;
     // The mode comes from the keys held as the drag starts, by their exact state.
     const int mode = drag_mode_of_shift(shift_state(event->modifiers()));
     if (!drag_starts(page_.home, index, mode)) return;
@@ -284,27 +153,37 @@ void Remote::mousePressEvent(QMouseEvent* event)
     drag_start_ = event->position().toPoint();
 }
 
+void Remote::mouseMoveEvent(QMouseEvent* event)
+{
+    if (drag_index_ >= 0 && (event->buttons() & Qt::LeftButton) &&
+        (event->position().toPoint() - drag_start_).manhattanLength() >= QApplication::startDragDistance()) {
+        start_drag(event->position());
+        return;
+    }
+    RemotePicture::mouseMoveEvent(event);
+}
+
 void Remote::mouseReleaseEvent(QMouseEvent* event)
 {
-    pressed_ = -1;
     drag_index_ = -1;
-    update();
+    RemotePicture::mouseReleaseEvent(event);
     const int index = picture_at(event->position());
     if (event->button() == Qt::RightButton && index >= 0)
         Q_EMIT key_menu_requested(this, index, event->globalPosition().toPoint());
 }
 
-void Remote::start_drag()
+void Remote::start_drag(const QPointF& at)
 {
     const KeyDragData data{slot_, caption(), drag_index_, drag_mode_};
     drag_index_ = -1;
-    pressed_ = -1;
     auto* drag = new QDrag(this);
     drag->setMimeData(key_drag_mime(data));
     drag->setPixmap(drag_icon(data.mode));
     drag->setHotSpot(QPoint(16, 16));
     drag->exec(Qt::MoveAction | Qt::CopyAction | Qt::LinkAction, Qt::MoveAction);
-    update();
+    // The drag took the button's release: the pressed picture is let go here.
+    QMouseEvent release(QEvent::MouseButtonRelease, at, mapToGlobal(at), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+    RemotePicture::mouseReleaseEvent(&release);
 }
 
 void Remote::dragEnterEvent(QDragEnterEvent* event)
@@ -329,21 +208,6 @@ void Remote::dropEvent(QDropEvent* event)
 }
 
 void Remote::drop_key_at(int index, const KeyDragData& source) { Q_EMIT key_dropped(this, index, source); }
-
-void Remote::mouseDoubleClickEvent(QMouseEvent* event)
-{
-    const int index = picture_at(event->position());
-    if (index < 0) return;
-    Q_EMIT key_double_clicked(this, index);
-}
-
-void Remote::leaveEvent(QEvent*)
-{
-    if (hover_ < 0) return;
-    hover_ = -1;
-    update();
-    Q_EMIT key_hovered(this, -1);
-}
 
 void Remote::closeEvent(QCloseEvent* event)
 {

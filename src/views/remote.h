@@ -1,34 +1,15 @@
 #pragma once
 
-#include <array>
 #include <optional>
 
-#include <QWidget>
-
 #include "core/keys/page_canvas.h"
+#include "views/remote_picture.h"
 
-class QLabel;
 class QMimeData;
 
 namespace tesselo {
 
 class Application;
-
-// One LCD row of a page window: its soft keys' labels drawn as glyphs.
-class LcdRowBox : public QWidget {
-    Q_OBJECT
-public:
-    LcdRowBox(int row, QWidget* parent);
-    void set_row(const LcdRow& row) { row_ = row; update(); }
-    int row() const { return row_number_; }
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
-private:
-    int row_number_;
-    LcdRow row_;
-};
 
 // What a key dragged from a page window carries: its document slot, its
 // page's node key, its picture and the drag mode chosen when it started.
@@ -47,15 +28,12 @@ int shift_state(Qt::KeyboardModifiers modifiers);
 // the action, two rings for a link.
 QPixmap drag_icon(int mode);
 
-// A page window: the remote's body with its display and 56 key pictures.
-// It holds no key data: every paint reads the document's tables.
-class Remote : public QWidget {
+// A page window: the remote's picture showing one page of a document. It
+// holds no key data: every paint reads the document's tables.
+class Remote : public RemotePicture {
     Q_OBJECT
 public:
     Remote(Application& app, int slot, const PageRef& page, QWidget* parent = nullptr);
-    // The window's size: the whole remote, always.
-    static QSize window_size();
-
     int slot() const { return slot_; }
     const PageRef& page() const { return page_; }
     QString tag() const { return tag_; }
@@ -71,10 +49,6 @@ public:
     // The selected key when it is on this window's page, else -1: there is
     // one selected key in the program, held by the application.
     int selected_index() const;
-    int hover_index() const { return hover_; }
-    // The picture at a point of the window, or -1.
-    int picture_at(const QPointF& point) const;
-    QRectF picture_rect(int index) const;
     void select_key(int index);
     // One key drawn again from the tables: a side button's LCD row box, or a
     // hard key's picture.
@@ -84,6 +58,12 @@ public:
     QString key_text(int index) const;
     QString device_text() const;
     int key_steps(int index) const;
+
+    // The drag that a press prepared: its picture (-1 for none) and mode.
+    int drag_source() const { return drag_index_; }
+    int drag_mode() const { return drag_mode_; }
+    // What a drop of `source` on picture `index` does (the drop event's end).
+    void drop_key_at(int index, const KeyDragData& source);
 
 Q_SIGNALS:
     void key_hovered(Remote* window, int index);
@@ -97,42 +77,27 @@ Q_SIGNALS:
     void key_dropped(Remote* window, int index, const KeyDragData& source);
 
 protected:
-    void paintEvent(QPaintEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    int selected_picture() const override { return selected_index(); }
     void closeEvent(QCloseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
-public:
-    // The drag that a press prepared: its picture (-1 for none) and mode.
-    int drag_source() const { return drag_index_; }
-    int drag_mode() const { return drag_mode_; }
-    // What a drop of `source` on picture `index` does (the drop event's end).
-    void drop_key_at(int index, const KeyDragData& source);
-
 private:
-    void start_drag();
-
-    QRectF to_pixels(const TwipRect& r) const;
     void update_rows();
+    void start_drag(const QPointF& at);
 
     Application& app_;
     int slot_;
     PageRef page_;
     QString tag_;
-    int hover_ = -1;
-    int pressed_ = -1;
     bool released_ = false;
     int drag_index_ = -1;
     int drag_mode_ = 0;
     QPoint drag_start_;
-    QLabel* pagelabel;
-    std::array<LcdRowBox*, lcd_rows> labelRichText1{};
 };
 
 }  // namespace tesselo

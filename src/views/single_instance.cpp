@@ -8,11 +8,12 @@
 
 namespace tesselo {
 
-QString instance_server_name()
+QString instance_server_name(const QString& program)
 {
-    // A test run names its own, so that it never meets the user's editor.
+    // A test run names its own, so that it never meets the user's programs.
     const QString own = qEnvironmentVariable("TESSELO_INSTANCE_NAME");
-    return own.isEmpty() ? QString("tesselo-editor-%1").arg(getuid()) : own;
+    if (own.isEmpty()) return QString("tesselo-%1-%2").arg(program).arg(getuid());
+    return program == "editor" ? own : own + "-" + program;
 }
 
 bool hand_over(const QString& server_name, const QStringList& files, int timeout_ms)

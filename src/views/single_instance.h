@@ -8,8 +8,9 @@ class QLocalServer;
 
 namespace tesselo {
 
-// The name under which the running editor listens: one per user.
-QString instance_server_name();
+// The name under which a running program of ours listens: one editor and
+// one simulator per user.
+QString instance_server_name(const QString& program = "editor");
 
 // A second start hands its files to the running editor and asks it to raise
 // its frame. True when a running editor took them; the second start then ends.

@@ -19,13 +19,21 @@ QHash<QString, QPoint>& kept_places()
     return places;
 }
 
-// The decorations that the window manager puts around a window, as the frame
-// shows them; nothing before the frame itself is on the screen.
-QMargins decorations(const QWidget* frame)
+// The decorations that each window had when it was last on the screen: a
+// tool window's may differ from the frame's.
+QHash<QString, QMargins>& kept_decorations()
 {
-    if (!frame) return {};
-    const QRect outer = frame->frameGeometry();
-    const QRect inner = frame->geometry();
+    static QHash<QString, QMargins> margins;
+    return margins;
+}
+
+// The decorations that the window manager puts around a window, as it shows
+// them; nothing before the window itself is on the screen.
+QMargins decorations(const QWidget* window)
+{
+    if (!window) return {};
+    const QRect outer = window->frameGeometry();
+    const QRect inner = window->geometry();
     return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
             outer.bottom() - inner.bottom()};
 }
@@ -45,11 +53,13 @@ QRect working_area(const QWidget* window, const QWidget* frame)
     return screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768);
 }
 
-// The window's outer size, with the decorations it has or will have.
+// The window's outer size, with the decorations it has or will have: those
+// it had the last time, else the frame's.
 QSize outer_size(const QWidget* window, const QWidget* frame)
 {
     if (window->isVisible() && window->frameGeometry() != window->geometry()) return window->frameGeometry().size();
-    return window->size().grownBy(decorations(frame));
+    const auto kept = kept_decorations().constFind(window->objectName());
+    return window->size().grownBy(kept != kept_decorations().constEnd() ? *kept : decorations(frame));
 }
 
 QPoint first_place(const QWidget* window, const QWidget* frame, Placement where)
@@ -85,6 +95,8 @@ protected:
         if (event->type() != QEvent::Move && event->type() != QEvent::Hide) return false;
         if (!window_->isVisible() && event->type() == QEvent::Move) return false;
         const QRect outer = window_->frameGeometry();
+        if (window_->isVisible() && outer != window_->geometry())
+            kept_decorations()[window_->objectName()] = decorations(window_);
         // The first move with the decorations known: the frame may stick out.
         if (!checked_ && event->type() == QEvent::Move && outer != window_->geometry()) {
             checked_ = true;

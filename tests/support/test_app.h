@@ -23,6 +23,10 @@ public:
     bool start_succeeds = true;
     int open_result = 33;
     std::vector<std::string> calls;
+    // The folder our programs stand in.
+    std::string program_folder = "/opt/tesselo/bin";
+
+    std::string program_path(const std::string& name) override { return program_folder + "/" + name; }
 
     bool is_running(const std::string& program) override
     {
@@ -30,9 +34,12 @@ public:
         return running;
     }
     void bring_forward(const std::string& program) override { calls.push_back("bring_forward " + program); }
-    bool start(const std::string& program, const std::string& folder) override
+    bool start(const std::string& program, const std::vector<std::string>& arguments,
+               const std::string& folder) override
     {
-        calls.push_back("start " + program + " in " + folder);
+        std::string line = "start " + program;
+        for (const auto& a : arguments) line += " " + a;
+        calls.push_back(line + " in " + folder);
         return start_succeeds;
     }
     void end_process(const std::string& program) override { calls.push_back("end_process " + program); }

@@ -139,7 +139,7 @@ bool close_document(Application& app, int document)
 
 bool close_frame(Application& app)
 {
-    app.launcher().end_process((app.home() / simulator_program_name).string());
+    app.launcher().end_process(app.launcher().program_path(simulator_program_name));
     while (!app.documents().empty()) {
         // In turn from the front window.
         if (!close_document(app, app.active_document() >= 0 ? app.active_document() : 0)) return false;
@@ -152,13 +152,16 @@ void muSimulator(Application& app)
 {
     const Document* doc = app.active();
     if (!doc) return;
-    const std::string program = (app.home() / simulator_program_name).string();
+    // The simulator stands beside the editor's own program, and reads the
+    // scratch image of the home folder.
     Launcher& launcher = app.launcher();
+    const std::string program = launcher.program_path(simulator_program_name);
     if (launcher.is_running(program)) {
         launcher.bring_forward(program);
     } else {
-        if (!save_tofile(app, (app.home() / scratch_image_name).string(), 0, doc->slot)) return;
-        if (!launcher.start(program, app.home().string())) {
+        const std::string image = (app.home() / scratch_image_name).string();
+        if (!save_tofile(app, image, 0, doc->slot)) return;
+        if (!launcher.start(program, {image}, app.home().string())) {
             app.ui().message(title_main, shell_error_text(2), Icon::exclamation);
             return;
         }

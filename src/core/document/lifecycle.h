@@ -10,7 +10,7 @@ class Application;
 inline const std::string config_file_filter = "Data Config File (*.kcf)|*.kcf";
 // File names in the home folder.
 inline const std::string scratch_image_name = "temp.trl";
-inline const std::string simulator_program_name = "simulator";
+inline const std::string simulator_program_name = "tesselo-simulator";
 inline const std::string help_file_name = "QM5100 Tessel3_E_EN_UG_v00.pdf";
 
 // A new document window: takes the first free slot, resets its tables to a

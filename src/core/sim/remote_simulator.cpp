@@ -1,6 +1,7 @@
 #include "core/sim/remote_simulator.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "core/image/image_reader.h"
 #include "core/keys/step_text.h"
@@ -13,6 +14,16 @@ namespace tesselo {
 namespace {
 
 std::size_t at(int i) { return static_cast<std::size_t>(i); }
+
+SimAction action(SimAction::Kind kind, std::string line, int hundredths = 0, int hertz = 0)
+{
+    SimAction a;
+    a.kind = kind;
+    a.line = std::move(line);
+    a.hundredths = hundredths;
+    a.hertz = hertz;
+    return a;
+}
 
 int number_of(const ActionStep& s) { return s.param_low + 256 * s.param_high; }
 
@@ -132,24 +143,42 @@ std::string RemoteSimulator::page_line() const
            std::to_string(pages(shown_.device));
 }
 
-std::vector<SimRow> RemoteSimulator::rows() const
+std::vector<SimRow> RemoteSimulator::rows() const { return rows_of(shown_); }
+
+std::vector<SimRow> RemoteSimulator::rows_of(SimPage shown) const
 {
     std::vector<SimRow> out;
-    const int page = page_row(shown_.device, shown_.place);
+    const int page = page_row(shown.device, shown.place);
     if (page < 0) return out;
     // The title row carries the name of the device, or of HOME; the other
     // rows their keys' labels, the right key before the left.
-    out.push_back({0, false, decode_device_name(tables_->device_name_table[at(shown_.device)].name)});
+    out.push_back({0, false, decode_device_name(tables_->device_name_table[at(shown.device)].name)});
     for (int r = 1; r < 6; ++r) {
         for (const bool left : {false, true}) {
-            if (left && shown_.device == 0) continue;
+            if (left && shown.device == 0) continue;
             const int slot = find_slot(page, static_cast<std::uint8_t>(r + (left ? 128 : 0)));
             if (slot < 0) continue;
-            if (shown_.device == 0 && !soft_key(0, shown_.place, r, false)) continue;
-            out.push_back({r, left, label_text(slot_at(page, slot)->label_index)});
+            if (shown.device == 0 && !soft_key(0, shown.place, r, false)) continue;
+            const std::int32_t label = slot_at(page, slot)->label_index;
+            out.push_back({r, left, label_text(label), label});
         }
     }
     return out;
+}
+
+std::array<LcdRow, lcd_rows> RemoteSimulator::display(SimPage page) const
+{
+    std::array<LcdRow, lcd_rows> rows{};
+    for (const SimRow& r : rows_of(page)) {
+        KeyLabel label;
+        if (r.label_index < 0) label = tables_->device_name_table[at(page.device)].name;
+        else if (r.label_index < softkey_label_rows) label = tables_->softkey_labels[at(r.label_index)];
+        if (label.is_free()) continue;
+        LcdRow& row = rows[at(r.row)];
+        (r.left ? row.has_left : row.has_right) = true;
+        (r.left ? row.left : row.right) = label;
+    }
+    return rows;
 }
 
 std::vector<std::string> RemoteSimulator::screen() const
@@ -161,6 +190,13 @@ std::vector<std::string> RemoteSimulator::screen() const
 }
 
 void RemoteSimulator::home() { shown_ = {0, 0}; }
+
+bool RemoteSimulator::show(SimPage page)
+{
+    if (!page_shown(page.device, page.place)) return false;
+    shown_ = page;
+    return true;
+}
 
 bool RemoteSimulator::page_next()
 {
@@ -187,7 +223,7 @@ std::vector<SimAction> RemoteSimulator::press_soft(int row, bool left)
     std::vector<SimAction> out;
     std::vector<KeyRef> running;
     if (const auto key = soft_key(shown_.device, shown_.place, row, left)) run(*key, out, running);
-    if (out.empty()) out.push_back({SimAction::Kind::nothing, "nothing"});
+    if (out.empty()) out.push_back(action(SimAction::Kind::nothing, "nothing"));
     return out;
 }
 
@@ -196,7 +232,7 @@ std::vector<SimAction> RemoteSimulator::press_hard(int key)
     std::vector<SimAction> out;
     std::vector<KeyRef> running;
     if (key >= 0 && key < hardkeys_per_device) run_hard(shown_.device, key, out, running);
-    if (out.empty()) out.push_back({SimAction::Kind::nothing, "nothing"});
+    if (out.empty()) out.push_back(action(SimAction::Kind::nothing, "nothing"));
     return out;
 }
 
@@ -204,7 +240,7 @@ void RemoteSimulator::run_hard(int device, int key, std::vector<SimAction>& out,
 {
     // A punched-through key runs the list of the device that owns it.
     if (const auto owner = punch_owner(*tables_, key, device)) {
-        out.push_back({SimAction::Kind::punch, "punch " + device_word(*owner)});
+        out.push_back(action(SimAction::Kind::punch, "punch " + device_word(*owner)));
         device = *owner;
     }
     run(hard_key(device, key), out, running);
@@ -214,7 +250,7 @@ void RemoteSimulator::run(const KeyRef& key, std::vector<SimAction>& out, std::v
 {
     const auto steps = steps_of_list(*tables_, key_list(key));
     if (steps.empty()) {
-        out.push_back({SimAction::Kind::nothing, "nothing"});
+        out.push_back(action(SimAction::Kind::nothing, "nothing"));
         return;
     }
     running.push_back(key);
@@ -229,25 +265,28 @@ void RemoteSimulator::step_action(int step, std::vector<SimAction>& out, std::ve
         // The step's row as the step list shows it, without its trailing blanks.
         std::string row = display_marcostep(*tables_, step, names_).value_or("");
         while (!row.empty() && row.back() == ' ') row.pop_back();
-        out.push_back({SimAction::Kind::send, "send " + row});
+        out.push_back(action(SimAction::Kind::send, "send " + row));
         return;
     }
     switch (s.step_type) {
     case step_delay: {
         const int n = number_of(s);
-        out.push_back({SimAction::Kind::wait, "wait " + std::to_string(n), n});
+        out.push_back(action(SimAction::Kind::wait, "wait " + std::to_string(n), n));
         return;
     }
     case step_beep: {
         const int n = number_of(s);
-        out.push_back({SimAction::Kind::beep, "beep " + std::to_string(n) + " " + std::to_string(s.value), n, s.value});
+        out.push_back(
+            action(SimAction::Kind::beep, "beep " + std::to_string(n) + " " + std::to_string(s.value), n, s.value));
         return;
     }
     case step_jump: {
         // A page that the remote never shows is passed over.
         if (!page_shown(s.param_low, s.param_high)) return;
         shown_ = {s.param_low, s.param_high};
-        out.push_back({SimAction::Kind::show, "show " + device_word(s.param_low) + " " + std::to_string(s.param_high + 1)});
+        out.push_back(
+            action(SimAction::Kind::show, "show " + device_word(s.param_low) + " " + std::to_string(s.param_high + 1)));
+        out.back().page = shown_;
         return;
     }
     case step_link: {
@@ -255,10 +294,11 @@ void RemoteSimulator::step_action(int step, std::vector<SimAction>& out, std::ve
         if (s.param_high == free_byte) {
             const int key = s.extra - 1;
             if (key < 0 || key >= hardkeys_per_device || device >= device_rows) return;
-            out.push_back({SimAction::Kind::link, "link " + device_word(device) + " hard " + std::to_string(key)});
+            out.push_back(
+                action(SimAction::Kind::link, "link " + device_word(device) + " hard " + std::to_string(key)));
             const KeyRef target = hard_key(device, key);
             if (std::find(running.begin(), running.end(), target) != running.end()) {
-                out.push_back({SimAction::Kind::loop, "loop"});
+                out.push_back(action(SimAction::Kind::loop, "loop"));
                 return;
             }
             run_hard(device, key, out, running);
@@ -266,15 +306,16 @@ void RemoteSimulator::step_action(int step, std::vector<SimAction>& out, std::ve
         }
         const int row = s.extra & 0x7F;
         const bool left = (s.extra & 0x80) != 0;
-        out.push_back({SimAction::Kind::link, "link " + device_word(device) + " " + std::to_string(s.param_high + 1) +
-                                                   " " + std::to_string(row) + (left ? " left" : "")});
+        out.push_back(action(SimAction::Kind::link, "link " + device_word(device) + " " +
+                                                        std::to_string(s.param_high + 1) + " " + std::to_string(row) +
+                                                        (left ? " left" : "")));
         const auto target = soft_key(device, s.param_high, row, left);
         if (!target) {
-            out.push_back({SimAction::Kind::nothing, "nothing"});
+            out.push_back(action(SimAction::Kind::nothing, "nothing"));
             return;
         }
         if (std::find(running.begin(), running.end(), *target) != running.end()) {
-            out.push_back({SimAction::Kind::loop, "loop"});
+            out.push_back(action(SimAction::Kind::loop, "loop"));
             return;
         }
         run(*target, out, running);

@@ -6,11 +6,20 @@
 #include <string>
 #include <vector>
 
+#include "core/keys/page_canvas.h"
 #include "core/model/configuration.h"
 
 namespace tesselo {
 
 class IrStepNames;
+
+// The page on the display: HOME page `place` (0 from the first) or page
+// `place` of device row `device`, counted among all the device's pages.
+struct SimPage {
+    int device = 0;
+    int place = 0;
+    bool operator==(const SimPage&) const = default;
+};
 
 // One thing the remote does when a key is pressed.
 struct SimAction {
@@ -19,6 +28,7 @@ struct SimAction {
     std::string line;  // as tesselo-cli prints it: "send RC5 0 12", "wait 50", ...
     int hundredths = 0;  // a wait's or a beep's duration
     int hertz = 0;       // a beep's frequency
+    SimPage page;        // the page a jump shows
 };
 
 // What the display shows in one row: the key's label as the tree shows labels.
@@ -26,14 +36,7 @@ struct SimRow {
     int row = 0;
     bool left = false;
     std::string text;
-};
-
-// The page on the display: HOME page `place` (0 from the first) or page
-// `place` of device row `device`, counted among all the device's pages.
-struct SimPage {
-    int device = 0;
-    int place = 0;
-    bool operator==(const SimPage&) const = default;
+    std::int32_t label_index = -1;  // the key's label row; -1 for the title row's name
 };
 
 // A configuration image run as the remote runs it: the display's page and
@@ -57,6 +60,9 @@ public:
     std::vector<SimRow> rows() const;
     // page_line and a `row R "TEXT"` / `row R left "TEXT"` line per row.
     std::vector<std::string> screen() const;
+    // The display's six rows of `page` with their labels' glyphs, as a page
+    // window draws them: the title row the device's (or HOME's) name.
+    std::array<LcdRow, lcd_rows> display(SimPage page) const;
 
     // A side button of the display, and hard key `key` (0 to 40) of the
     // device shown (HOME's own on a HOME page).
@@ -65,6 +71,9 @@ public:
     // HOME page 1; the next or previous page of the device shown that is not
     // hidden (false, and the display stays, when there is none).
     void home();
+    // Shows `page` when the remote would show it; false, and the display
+    // stays, when it would not.
+    bool show(SimPage page);
     bool page_next();
     bool page_prev();
 
@@ -88,6 +97,7 @@ private:
     };
 
     int page_row(int device, int place) const;
+    std::vector<SimRow> rows_of(SimPage page) const;
     const SoftKey* slot_at(int row, int slot) const;
     int find_slot(int row, std::uint8_t position) const;
     std::optional<KeyRef> soft_key(int device, int place, int row, bool left) const;

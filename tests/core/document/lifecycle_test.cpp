@@ -270,7 +270,7 @@ TEST(CloseFrame, EndsTheSimulatorClosesEveryDocumentAndLogs)
     t.ui.queue_answer("no");
     t.ui.queue_answer("no");
     EXPECT_TRUE(close_frame(t.app));
-    EXPECT_EQ(t.launcher.calls.front(), "end_process " + (t.home.path() / "simulator").string());
+    EXPECT_EQ(t.launcher.calls.front(), "end_process /opt/tesselo/bin/tesselo-simulator");
     EXPECT_TRUE(t.app.documents().empty());
     EXPECT_EQ(t.log_lines().back(), "\"close tessel\"");
 }
@@ -294,9 +294,10 @@ TEST(MuSimulator, WritesTempTrlAndStartsTheSimulator)
     RecordingApp t;
     muNew(t.app);
     muSimulator(t.app);
-    const auto program = (t.home.path() / "simulator").string();
+    const std::string program = "/opt/tesselo/bin/tesselo-simulator";
     EXPECT_EQ(t.launcher.calls, (std::vector<std::string>{"is_running " + program,
-                                                           "start " + program + " in " + t.home.path().string()}));
+                                                           "start " + program + " " + (t.home.path() / "temp.trl").string() + " in " +
+                                                               t.home.path().string()}));
     EXPECT_TRUE(std::filesystem::exists(t.home.path() / "temp.trl"));
     EXPECT_EQ(t.log_lines().back(), "\"run simulator - Untitled1\"");
 }
@@ -307,7 +308,7 @@ TEST(MuSimulator, ARunningSimulatorIsBroughtForward)
     muNew(t.app);
     t.launcher.running = true;
     muSimulator(t.app);
-    const auto program = (t.home.path() / "simulator").string();
+    const std::string program = "/opt/tesselo/bin/tesselo-simulator";
     EXPECT_EQ(t.launcher.calls, (std::vector<std::string>{"is_running " + program, "bring_forward " + program}));
     EXPECT_FALSE(std::filesystem::exists(t.home.path() / "temp.trl"));
     EXPECT_EQ(t.log_lines().back(), "\"run simulator - Untitled1\"");

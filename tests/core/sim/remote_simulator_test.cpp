@@ -7,7 +7,9 @@
 #include "core/ir/edit_ir_fixture.h"
 #include "core/keys/delay_beep_dialogs.h"
 #include "core/keys/ir_step_names.h"
+#include "core/keys/hardkey_pictures.h"
 #include "core/keys/jump_dialog.h"
+#include "core/keys/key_behaviours.h"
 #include "core/keys/link_dialog.h"
 #include "core/sim/remote_simulator.h"
 #include "core/tree/adding.h"
@@ -249,6 +251,85 @@ TEST_F(SimTest, BytesThatAreNoImageAreRefused)
 {
     names = std::make_unique<LibraryStepNames>(t.home.path());
     EXPECT_THROW(RemoteSimulator::from_image({1, 2, 3}, *names), ImageBoundsError);
+}
+
+TEST_F(SimTest, TheDisplayDrawsEachRowWithItsLabelsGlyphs)
+{
+    run();
+    const auto rows = sim->display({0, 0});
+    ASSERT_TRUE(rows[0].has_right);
+    EXPECT_EQ(key_label_text(rows[0].right, rows[0].right.glyph_count()), "HOME");
+    ASSERT_TRUE(rows[1].has_right);
+    EXPECT_EQ(key_label_text(rows[1].right, rows[1].right.glyph_count()), "DEVICE1");
+    EXPECT_EQ(key_label_text(rows[2].right, rows[2].right.glyph_count()), "DEVICE2");
+    for (std::size_t r = 3; r < lcd_rows; ++r) EXPECT_FALSE(rows[r].has_right || rows[r].has_left);
+    // A device page's title row is the device's name.
+    const auto device = sim->display({1, 0});
+    EXPECT_EQ(key_label_text(device[0].right, device[0].right.glyph_count()), "DEVICE1");
+}
+
+TEST_F(SimTest, AJumpCarriesThePageItShowsAndShowRefusesPagesTheRemoteNeverShows)
+{
+    run();
+    const auto actions = sim->press_soft(2, false);
+    ASSERT_EQ(actions.size(), 1u);
+    EXPECT_EQ(actions[0].kind, SimAction::Kind::show);
+    EXPECT_EQ(actions[0].page, (SimPage{2, 0}));
+    EXPECT_FALSE(sim->show({9, 0}));
+    EXPECT_FALSE(sim->show({1, 3}));
+    EXPECT_EQ(sim->shown(), (SimPage{2, 0}));
+    EXPECT_TRUE(sim->show({1, 0}));
+    EXPECT_EQ(sim->page_line(), "page 1 1/1");
+}
+
+TEST_F(SimTest, ALeftButtonRunsItsRowsRightKeyUntilItHasAKeyOfItsOwn)
+{
+    delay("0.5");
+    run();
+    sim->press_soft(1, false);
+    EXPECT_EQ(lines(sim->press_soft(1, true)), Lines{"wait 50"});
+    // Link to Right side button cleared: the left button gets its own list.
+    soft_key(1, true);
+    ASSERT_TRUE(add_left_softkey(t.app, target()));
+    soft_key(1, true);
+    delay("1");
+    run();
+    sim->press_soft(1, false);
+    EXPECT_EQ(lines(sim->press_soft(1, false)), Lines{"wait 50"});
+    EXPECT_EQ(lines(sim->press_soft(1, true)), Lines{"wait 100"});
+}
+
+TEST_F(SimTest, APunchedHardKeyRunsTheOwnersListOnEveryOtherDevice)
+{
+    int enter = -1;
+    for (int p = 0; p < key_picture_count; ++p)
+        if (check_hardkeyindex(p) == 36) enter = p;
+    ASSERT_GE(enter, 0);
+    hard_key(enter);
+    delay("0.3");
+    hard_key(enter);
+    t.ui.queue_answer("ok");
+    ASSERT_TRUE(Check1_Click(t.app, target(), true));
+    run();
+    // The owner runs its own list; the other device the owner's, through the punch.
+    sim->press_soft(1, false);
+    EXPECT_EQ(lines(sim->press_hard(36)), Lines{"wait 30"});
+    sim->home();
+    sim->press_soft(2, false);
+    EXPECT_EQ(lines(sim->press_hard(36)), (Lines{"punch 1", "wait 30"}));
+}
+
+TEST_F(SimTest, HiddenDevicesAndPagesAreNeverShown)
+{
+    // The flag as the tree's Hide Device leaves it on the device's row.
+    Configuration& c = config();
+    c.device_table[2].hidden = hidden_flag;
+    run();
+    // The hidden device's HOME key does not stand on HOME, and a jump there is passed over.
+    EXPECT_EQ(sim->screen(), (Lines{"page HOME 1/1", "row 0 \"HOME\"", "row 1 \"DEVICE1\""}));
+    EXPECT_EQ(lines(sim->press_soft(2, false)), Lines{"nothing"});
+    EXPECT_FALSE(sim->show({2, 0}));
+    EXPECT_FALSE(sim->device_shown(2));
 }
 
 }  // namespace

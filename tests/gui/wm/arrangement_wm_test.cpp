@@ -55,7 +55,7 @@ void check_workspace(Editor& e, const QString& name, bool tiled)
         QVERIFY2(r.bottom() + 1 - visible.height() <= v->maximum() - v->value(),
                  qPrintable(name + ": a window below where the workspace scrolls"));
         if (is_page(sub)) {
-            QCOMPARE(sub->widget()->size(), Remote::window_size());
+            QCOMPARE(sub->widget()->size(), Remote::picture_size());
             QVERIFY2(sub->contentsRect().contains(sub->widget()->geometry()), qPrintable(name + ": a remote cut"));
         } else {
             QVERIFY2(sub->width() >= 250 && sub->height() >= 300, qPrintable(name + ": a document window squeezed"));
@@ -82,7 +82,7 @@ private Q_SLOTS:
         QVERIFY2(every_window_inside_the_screen(which), qPrintable(which));
         const QRect frame = screen_frame(e.frame.get());
         // A document window and a page window side by side, whole, at the least.
-        QVERIFY(e.area()->viewport()->width() >= 300 + Remote::window_size().width());
+        QVERIFY(e.area()->viewport()->width() >= 300 + Remote::picture_size().width());
         // Most of the screen; on a small one all of it.
         QVERIFY(frame.width() * 10 >= screen_rect().width() * 8);
         QVERIFY(frame.height() * 10 >= screen_rect().height() * 8);
