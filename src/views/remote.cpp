@@ -174,11 +174,11 @@ void Remote::mouseReleaseEvent(QMouseEvent* event)
 
 void Remote::start_drag(const QPointF& at)
 {
-    const KeyDragData data{slot_, caption(), drag_index_, drag_mode_};
+    const KeyDragData carried{slot_, caption(), drag_index_, drag_mode_};
     drag_index_ = -1;
     auto* drag = new QDrag(this);
-    drag->setMimeData(key_drag_mime(data));
-    drag->setPixmap(drag_icon(data.mode));
+    drag->setMimeData(key_drag_mime(carried));
+    drag->setPixmap(drag_icon(carried.mode));
     drag->setHotSpot(QPoint(16, 16));
     drag->exec(Qt::MoveAction | Qt::CopyAction | Qt::LinkAction, Qt::MoveAction);
     // The drag took the button's release: the pressed picture is let go here.
