@@ -75,7 +75,7 @@ struct Built {
         [&] { QCOMPARE(d.ok(test.app, target), DialogOk::done); }();
         Addbeep b(test.app.step_edit);
         b.move_slider(2);
-        b.Text1 = "0.2";
+        b.Text1 = "2";
         [&] { QCOMPARE(b.ok(test.app, target), DialogOk::done); }();
         Createjump j(test.app, slot, page);
         [&] { QCOMPARE(j.ok(test.app, target, "DEVICE21\\PAGE1"), DialogOk::done); }();
@@ -123,7 +123,7 @@ private Q_SLOTS:
 
         QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
         QCOMPARE(log_lines(w).mid(log_lines(w).size() - 4),
-                 (QStringList{"press soft 1", "  wait 50", "  beep 20 600", "  show 2 1"}));
+                 (QStringList{"press soft 1", "  wait 50", "  beep 200 600", "  show 2 1"}));
         QCOMPARE(w.displayed(), (SimPage{2, 0}));
         QCOMPARE(row_text(w.picture(), 0), QString("DEVICE2"));
         save_screenshot(&w, "simulator_after_a_key");
@@ -143,9 +143,9 @@ private Q_SLOTS:
         w.set_speed(1);
         QVERIFY(w.open_file(path));
         QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
-        w.set_speed(10);
         QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
-        // Half a second at ten times the speed: the key is still running.
+        // Half a second at real speed: the key is still running, its beep of
+        // two seconds to come.
         QVERIFY(w.busy());
         QCOMPARE(log_lines(w).back(), QString("  wait 50"));
         QVERIFY(!w.findChild<QPushButton*>("home")->isEnabled());
