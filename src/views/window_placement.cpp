@@ -92,8 +92,9 @@ public:
 protected:
     bool eventFilter(QObject*, QEvent* event) override
     {
-        if (event->type() != QEvent::Move && event->type() != QEvent::Hide) return false;
-        if (!window_->isVisible() && event->type() == QEvent::Move) return false;
+        // Only the moves of a window on the screen count: while it is closed the
+        // window manager may hand it back at the screen's corner.
+        if (event->type() != QEvent::Move || !window_->isVisible()) return false;
         const QRect outer = window_->frameGeometry();
         if (window_->isVisible() && outer != window_->geometry())
             kept_decorations()[window_->objectName()] = decorations(window_);
@@ -124,7 +125,10 @@ void show_placed(QWidget* window, const QWidget* frame, Placement where)
     if (!window->isVisible()) {
         const auto kept = kept_places().constFind(window->objectName());
         const QPoint wanted = kept != kept_places().constEnd() ? *kept : first_place(window, frame, where);
-        window->move(inside(QRect(wanted, outer_size(window, frame)), working_area(window, frame)));
+        const QPoint place = inside(QRect(wanted, outer_size(window, frame)), working_area(window, frame));
+        // A window shown again where it was is not moved: the window manager
+        // would take the move for a new placement of its frame.
+        if (place != window->pos() || !window->testAttribute(Qt::WA_WState_ExplicitShowHide)) window->move(place);
         keeper->placed();
     }
     window->show();

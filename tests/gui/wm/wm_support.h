@@ -80,7 +80,12 @@ inline QRect screen_frame(const QWidget* window)
     QRect best;
     for (const ScreenWindow& w : virtual_screen()->mapped_windows()) {
         const QRect r(w.x, w.y, w.width, w.height);
-        if (r.contains(client) && (best.isNull() || r.width() * r.height() < best.width() * best.height())) best = r;
+        // The window manager's frame is the window with its decorations, not
+        // a larger window (the editor's frame) that happens to hold it.
+        const bool decorations_only = r.width() <= client.width() + 40 && r.height() <= client.height() + 80;
+        if (r.contains(client) && decorations_only &&
+            (best.isNull() || r.width() * r.height() < best.width() * best.height()))
+            best = r;
     }
     return best;
 }
