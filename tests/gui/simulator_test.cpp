@@ -95,20 +95,34 @@ struct Built {
     }
 };
 
+// The simulator's window on that document, its speed chosen, the file open.
+struct Running {
+    Built built;
+    LibraryStepNames names{built.test.home.path()};
+    SimulatorWindow w{names};
+    const QString& path = built.path;
+
+    explicit Running(int speed)
+    {
+        w.resize(900, 700);
+        w.show();
+        w.set_speed(speed);
+        [&] { QVERIFY(w.open_file(path)); }();
+    }
+    void press(int picture)
+    {
+        QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(picture).center().toPoint());
+    }
+};
+
 class SimulatorTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void keys_run_their_steps_with_the_log_and_the_display_following()
     {
-        Built built;
-        const QString& path = built.path;
-        const LibraryStepNames names(built.test.home.path());
-        SimulatorWindow w(names);
-        w.resize(900, 700);
-        w.show();
-        w.set_speed(0);
-        QVERIFY(w.open_file(path));
+        Running r(0);
+        SimulatorWindow& w = r.w;
         QCOMPARE(w.windowTitle(), QString("try.kcf - Tesselo Simulator"));
         QCOMPARE(row_text(w.picture(), 0), QString("HOME"));
         QCOMPARE(row_text(w.picture(), 1), QString("DEVICE1"));
@@ -116,12 +130,12 @@ private Q_SLOTS:
         save_screenshot(&w, "simulator_home");
 
         // The HOME key of DEVICE1, pressed on the picture.
-        QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
+        r.press(5);
         QCOMPARE(w.displayed(), (SimPage{1, 0}));
         QCOMPARE(row_text(w.picture(), 0), QString("DEVICE1"));
         QCOMPARE(row_text(w.picture(), 1), QString("MOVIE"));
 
-        QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
+        r.press(5);
         QCOMPARE(log_lines(w).mid(log_lines(w).size() - 4),
                  (QStringList{"press soft 1", "  wait 50", "  beep 200 600", "  show 2 1"}));
         QCOMPARE(w.displayed(), (SimPage{2, 0}));
@@ -135,15 +149,10 @@ private Q_SLOTS:
 
     void a_delay_really_waits_and_a_beep_shows()
     {
-        Built built;
-        const QString& path = built.path;
-        const LibraryStepNames names(built.test.home.path());
-        SimulatorWindow w(names);
-        w.show();
-        w.set_speed(1);
-        QVERIFY(w.open_file(path));
-        QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
-        QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
+        Running r(1);
+        SimulatorWindow& w = r.w;
+        r.press(5);
+        r.press(5);
         // Half a second at real speed: the key is still running, its beep of
         // two seconds to come.
         QVERIFY(w.busy());
@@ -161,14 +170,11 @@ private Q_SLOTS:
 
     void the_file_is_read_again_when_it_changes_on_the_page_shown()
     {
-        Built built;
-        const QString& path = built.path;
-        const LibraryStepNames names(built.test.home.path());
-        SimulatorWindow w(names);
-        w.show();
-        w.set_speed(0);
-        QVERIFY(w.open_file(path));
-        QTest::mouseClick(w.picture(), Qt::LeftButton, {}, w.picture()->picture_rect(5).center().toPoint());
+        Running r(0);
+        SimulatorWindow& w = r.w;
+        Built& built = r.built;
+        const QString& path = r.path;
+        r.press(5);
         QCOMPARE(row_text(w.picture(), 1), QString("MOVIE"));
         // The editor saves the key under another name: the window follows by itself.
         QTest::qWait(1100);  // a new modification time
@@ -180,12 +186,10 @@ private Q_SLOTS:
 
     void a_file_that_is_no_configuration_is_refused_and_the_running_one_stays()
     {
-        Built built;
-        const QString& path = built.path;
-        const LibraryStepNames names(built.test.home.path());
-        SimulatorWindow w(names);
-        w.show();
-        QVERIFY(w.open_file(path));
+        Running r(1);
+        SimulatorWindow& w = r.w;
+        Built& built = r.built;
+        const QString& path = r.path;
         const QString bad = QString::fromStdString((built.test.home.path() / "bad.kcf").string());
         QFile file(bad);
         QVERIFY(file.open(QIODevice::WriteOnly));
