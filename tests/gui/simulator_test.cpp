@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
@@ -204,6 +205,24 @@ private Q_SLOTS:
         QVERIFY(!w.open_file(QString::fromStdString(built.test.home.path().string())));
         QCOMPARE(said, QString::fromStdString(built.test.home.path().filename().string()) + ": Is a directory");
         QCOMPARE(w.file(), path);
+    }
+
+    void help_and_version_answer_without_a_display()
+    {
+        QProcess program;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.remove("DISPLAY");
+        env.remove("WAYLAND_DISPLAY");
+        env.remove("QT_QPA_PLATFORM");
+        program.setProcessEnvironment(env);
+        program.start(QString(TESSELO_BUILD_BIN) + "/tesselo-simulator", {"--help"});
+        QVERIFY(program.waitForFinished(10000));
+        QCOMPARE(program.exitCode(), 0);
+        QVERIFY(program.readAllStandardOutput().contains("[options] [FILE]"));
+        program.start(QString(TESSELO_BUILD_BIN) + "/tesselo-simulator", {"--version"});
+        QVERIFY(program.waitForFinished(10000));
+        QCOMPARE(program.exitCode(), 0);
+        QVERIFY(program.readAllStandardOutput().startsWith("tesselo-simulator "));
     }
 };
 

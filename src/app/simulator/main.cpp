@@ -3,8 +3,10 @@
 // brings it forward. Without FILE it runs the home folder's temp.trl, which
 // the editor's Simulator command writes.
 #include <filesystem>
+#include <string>
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 
@@ -17,14 +19,11 @@
 #include "views/simulator_window.h"
 #include "views/single_instance.h"
 
-int main(int argc, char** argv)
-{
-    QApplication qt(argc, argv);
-    QApplication::setApplicationName("tesselo-simulator");
-    QApplication::setApplicationVersion(TESSELO_VERSION);
-    QApplication::setDesktopFileName("tesselo-simulator");
-    QApplication::setWindowIcon(tesselo::program_icon());
+namespace {
 
+// The command line; --help and --version print and end here.
+QStringList files_of(const QCoreApplication& app)
+{
     QCommandLineParser options;
     options.setApplicationDescription(
         "Runs a configuration as the remote runs it: press its keys on the remote's picture and watch what it does.\n"
@@ -32,8 +31,35 @@ int main(int argc, char** argv)
     options.addHelpOption();
     options.addVersionOption();
     options.addPositionalArgument("FILE", "a configuration file (.kcf) or temp.trl", "[FILE]");
-    options.process(qt);
-    const QStringList files = options.positionalArguments();
+    options.process(app);
+    return options.positionalArguments();
+}
+
+void name_program()
+{
+    QCoreApplication::setApplicationName("tesselo-simulator");
+    QCoreApplication::setApplicationVersion(TESSELO_VERSION);
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    // --help and --version answer without a display.
+    for (int i = 1; i < argc; ++i) {
+        const std::string word = argv[i];
+        if (word == "--help" || word == "-h" || word == "--help-all" || word == "--version" || word == "-v") {
+            QCoreApplication core(argc, argv);
+            name_program();
+            files_of(core);
+            return 0;
+        }
+    }
+    QApplication qt(argc, argv);
+    name_program();
+    QApplication::setDesktopFileName("tesselo-simulator");
+    QApplication::setWindowIcon(tesselo::program_icon());
+    const QStringList files = files_of(qt);
 
     const QString server_name = tesselo::instance_server_name("simulator");
     if (tesselo::hand_over(server_name, files, 500)) return 0;
