@@ -42,17 +42,11 @@ std::vector<QRect> rows(const std::vector<QSize>& sizes, const QSize& visible)
 
 std::vector<QRect> columns(const std::vector<QSize>& sizes, const QSize& visible)
 {
-    std::vector<QRect> places;
-    int x = 0, y = 0, column_right = 0;
-    for (const QSize& size : sizes) {
-        if (y > 0 && y + size.height() > visible.height()) {
-            y = 0;
-            x = column_right + gap;
-        }
-        places.emplace_back(x, y, size.width(), size.height());
-        y += size.height() + gap;
-        column_right = std::max(column_right, x + size.width());
-    }
+    // Columns are rows with the two axes exchanged.
+    std::vector<QSize> turned;
+    for (const QSize& size : sizes) turned.push_back(size.transposed());
+    std::vector<QRect> places = rows(turned, visible.transposed());
+    for (QRect& r : places) r = QRect(r.y(), r.x(), r.height(), r.width());
     return places;
 }
 
