@@ -204,14 +204,11 @@ void ActionFrame::ListView1_DblClick(int row)
     if (begin_step_edit(app_, *t, row) < 0) return;
     select_row(row);
     switch (type) {
-    case step_jump: case step_delay: case step_link: case step_beep: break;
-    default: edit_ir_row(row, type); return;
-    }
-    switch (type) {
     case step_jump: open_dialog<CreatejumpWindow>(); break;
     case step_delay: open_dialog<DelaytimeWindow>(); break;
     case step_link: open_dialog<CreateLinkWindow>(); break;
-    default: open_dialog<AddbeepWindow>(); break;
+    case step_beep: open_dialog<AddbeepWindow>(); break;
+    default: edit_ir_row(row, type); break;
     }
 }
 
@@ -242,8 +239,7 @@ void ActionFrame::show_test_state()
     if (t && row > 0 && app_.slot_in_use[static_cast<std::size_t>(t->slot)]) {
         const int step = ListView1->topLevelItem(row - 1)->data(0, step_role).toInt();
         if (step >= 0 && step < action_step_rows) {
-            const std::uint8_t type = app_.config(t->slot).action_steps.steps[static_cast<std::size_t>(step)].step_type;
-            ir = type <= step_learning || type == step_mydatabase || type == step_mydatabase_learning;
+            ir = is_ir_step(app_.config(t->slot).action_steps.steps[static_cast<std::size_t>(step)].step_type);
         }
     }
     TestIRBt->setEnabled(ir && AddIRBt->isEnabled());

@@ -57,8 +57,6 @@ std::string key_place_words(const Configuration& config, const KeyPlace& place, 
     return device + "-" + page + "/row " + std::to_string(selection.row()) + (selection.selected_left ? " left" : "");
 }
 
-bool is_ir_step(std::uint8_t type) { return type <= step_learning || type == step_mydatabase || type == step_mydatabase_learning; }
-
 }  // namespace
 
 bool load_step_code(Application& app, const Configuration& config, int step)
@@ -297,7 +295,7 @@ bool EditIR::overwrite_ir_step()
     // The old code is given back: its record unless another step still sends
     // it (or it is the new code itself), its learned slot.
     const ActionStep& old = config.action_steps.steps[at(step)];
-    const bool same_record = !learned && (old.step_type < step_learning || old.step_type == step_mydatabase) &&
+    const bool same_record = !learned && sends_ir_record(old.step_type) &&
                              step_number_value(old) == stored;
     if (!same_record) release_step_data(config, step);
     rewrite_step(config, step, ir_step_fields(code, stored, duration()));

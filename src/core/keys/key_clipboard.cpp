@@ -21,7 +21,7 @@ std::size_t at(int i) { return static_cast<std::size_t>(i); }
 IrCodeValue clip_code(const KeyClipRecord& r, int i)
 {
     IrCodeValue code;
-    if (step_names_learned_slot(r.clip_step_type[at(i)])) {
+    if (sends_learned_code(r.clip_step_type[at(i)])) {
         code.learned = true;
         code.learned_bytes = r.clip_learned[at(i)];
         return code;
@@ -45,9 +45,6 @@ KeyLabel label_for(const KeyClipRecord& r, int target_kind)
 }
 
 }  // namespace
-
-bool step_names_ir_record(std::uint8_t t) { return t < step_learning || t == step_mydatabase; }
-bool step_names_learned_slot(std::uint8_t t) { return t == step_learning || t == step_mydatabase_learning; }
 
 void copy_key_record(const Configuration& config, const KeyPlace& place, int source_slot, KeyClipRecord& r)
 {
@@ -73,13 +70,13 @@ void copy_key_record(const Configuration& config, const KeyPlace& place, int sou
         r.clip_extra[at(n)] = s.extra;
         r.clip_value[at(n)] = s.value;
         const int number = step_number_value(s);
-        if (step_names_ir_record(s.step_type)) {
+        if (sends_ir_record(s.step_type)) {
             const IrCodeValue code = stored_ir_code(config, number);
             std::copy_n(code.format.begin(), std::min<int>(clip_code_words, ir_format_words), r.clip_ir_format[at(n)].begin());
             std::copy_n(code.words.begin(), std::min(code.word_count, clip_code_words), r.clip_ir_data[at(n)].begin());
             r.clip_ir_format_id[at(n)] = code.format_id;
             r.clip_ir_length[at(n)] = static_cast<std::uint8_t>(code.word_count * 2);
-        } else if (step_names_learned_slot(s.step_type)) {
+        } else if (sends_learned_code(s.step_type)) {
             r.clip_learned[at(n)] = stored_learned_code(config, number).learned_bytes;
         }
         ++n;
@@ -140,8 +137,8 @@ PasteRefusal paste_refusal(const Configuration& config, const KeyClipRecord& r)
     std::set<std::int16_t> new_formats;
     for (int i = 0; i < r.clip_step_count; ++i) {
         const std::uint8_t t = r.clip_step_type[at(i)];
-        if (step_names_learned_slot(t)) ++learned;
-        if (!step_names_ir_record(t)) continue;
+        if (sends_learned_code(t)) ++learned;
+        if (!sends_ir_record(t)) continue;
         ++records;
         const IrCodeValue code = clip_code(r, i);
         if (code.word_count < 1) return PasteRefusal::ir_storage;
@@ -195,7 +192,7 @@ bool paste_key_record(Configuration& config, KeyPlace& place, const KeyClipRecor
         s.value = r.clip_value[at(i)];
         s.extra = r.clip_extra[at(i)];
         s.next_step = end_of_list;
-        if (step_names_ir_record(type) || step_names_learned_slot(type)) {
+        if (sends_ir_record(type) || sends_learned_code(type)) {
             const int number = check_marcosteps(config, r, i, key_number);
             if (number < 0) {
                 // paste_refusal has ruled this out; a step without its data is not written.

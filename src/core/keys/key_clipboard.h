@@ -39,11 +39,6 @@ struct KeyClipRecord {
     std::uint8_t clip_key_kind = 0;
 };
 
-// Steps whose numbers name a stored code in ir_data, and steps that name a
-// learned slot.
-bool step_names_ir_record(std::uint8_t step_type);
-bool step_names_learned_slot(std::uint8_t step_type);
-
 // Fills `record` from the key at `place` of a document in `source_slot`:
 // the label (a hard key's from hardkey_labels, a soft key's from
 // softkey_labels) and every step of its chain with the data it refers to.

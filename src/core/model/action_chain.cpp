@@ -23,8 +23,7 @@ bool ir_record_shared(const Configuration& config, int record, int except)
     for (int s = 0; s < action_step_rows; ++s) {
         if (s == except) continue;
         const ActionStep& step = config.action_steps.steps[static_cast<std::size_t>(s)];
-        const bool sends_record = step.step_type < step_learning || step.step_type == step_mydatabase;
-        if (sends_record && step.param_low + 256 * step.param_high == record) return true;
+        if (sends_ir_record(step.step_type) && step.param_low + 256 * step.param_high == record) return true;
     }
     return false;
 }

@@ -111,6 +111,20 @@ inline constexpr std::uint8_t step_mydatabase = 128;
 inline constexpr std::uint8_t step_mydatabase_learning = 133;
 inline constexpr std::uint8_t step_free = 255;
 
+// A step that sends a code: from the library, typed RC5/RC6 fields, learned,
+// or My Database's.
+constexpr bool is_ir_step(std::uint8_t type)
+{
+    return type <= step_learning || type == step_mydatabase || type == step_mydatabase_learning;
+}
+// Of those, the steps whose number is a record of ir_data, and the steps
+// whose number is a learned-code slot.
+constexpr bool sends_ir_record(std::uint8_t type) { return type < step_learning || type == step_mydatabase; }
+constexpr bool sends_learned_code(std::uint8_t type)
+{
+    return type == step_learning || type == step_mydatabase_learning;
+}
+
 using IrFormatRecord = std::array<std::int16_t, ir_format_words>;
 using IrDataRecord = std::array<std::int16_t, ir_record_words>;
 

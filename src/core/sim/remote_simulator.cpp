@@ -27,11 +27,6 @@ SimAction action(SimAction::Kind kind, std::string line, int hundredths = 0, int
 
 int number_of(const ActionStep& s) { return s.param_low + 256 * s.param_high; }
 
-bool is_ir(std::uint8_t type)
-{
-    return type <= step_learning || type == step_mydatabase || type == step_mydatabase_learning;
-}
-
 // Whether hard key `key` of `device` runs another device's list: its punch
 // through is set, this device's bit is up, and another device owns it.
 std::optional<int> punch_owner(const Configuration& c, int key, int device)
@@ -261,7 +256,7 @@ void RemoteSimulator::run(const KeyRef& key, std::vector<SimAction>& out, std::v
 void RemoteSimulator::step_action(int step, std::vector<SimAction>& out, std::vector<KeyRef>& running)
 {
     const ActionStep& s = tables_->action_steps.steps[at(step)];
-    if (is_ir(s.step_type)) {
+    if (is_ir_step(s.step_type)) {
         // The step's row as the step list shows it, without its trailing blanks.
         std::string row = display_marcostep(*tables_, step, names_).value_or("");
         while (!row.empty() && row.back() == ' ') row.pop_back();

@@ -22,9 +22,9 @@ std::string reference_faults(const Configuration& c)
             const ActionStep& s = c.action_steps.steps[static_cast<std::size_t>(row)];
             const int n = step_number_value(s);
             const auto where = " step " + std::to_string(row) + "\n";
-            if (step_names_ir_record(s.step_type)) {
+            if (sends_ir_record(s.step_type)) {
                 if (n >= c.ir_data.record_count || c.ir_data.record(n)[0] == 255) faults += "freed IR record" + where;
-            } else if (step_names_learned_slot(s.step_type)) {
+            } else if (sends_learned_code(s.step_type)) {
                 if ((c.learning_bitmap[static_cast<std::size_t>(n / 8)] & (128 >> (n % 8))) == 0) faults += "free slot" + where;
                 learned.insert(n);
             } else if (s.step_type == step_link || s.step_type == step_jump) {
