@@ -7,10 +7,6 @@
 #include "core/document/home_folder.h"
 #include "platform/executable_folder.h"
 
-#ifndef TESSELO_INSTALLED_DATA
-#define TESSELO_INSTALLED_DATA ""
-#endif
-
 namespace tesselo::cli {
 
 std::unique_ptr<CliContext> make_context(const GlobalOptions& options) { return make_context(options, std::cout); }
@@ -21,7 +17,7 @@ std::unique_ptr<CliContext> make_context(const GlobalOptions& options, std::ostr
     if (!options.home.empty()) option = options.home;
     const auto home = resolve_home(home_sources_from_environment(executable_folder(), option));
     std::string why;
-    if (!prepare_home(home, {executable_folder() / data_base_folder, TESSELO_INSTALLED_DATA}, why))
+    if (!prepare_home(home, data_base_sources(), why))
         std::cerr << "tesselo-cli: cannot use the home folder " << home << ": " << why << '\n';
     auto ctx = std::make_unique<CliContext>(home, messages);
     std::string choice = options.link;

@@ -23,22 +23,19 @@
 #include "views/qt_ui.h"
 #include "views/single_instance.h"
 
-#ifndef TESSELO_INSTALLED_DATA
-#define TESSELO_INSTALLED_DATA ""
-#endif
-
 namespace {
 
 namespace fs = std::filesystem;
 
 // The user guide stands in the program's folder, where Help looks for it; a
-// new home folder gets it from beside the program or from the installed data.
+// home folder gets it from beside the program or from the installed data, and
+// again whenever that copy is newer.
 void provide_user_guide(const fs::path& home)
 {
     std::error_code ec;
     const fs::path target = home / tesselo::help_file_name;
     for (const fs::path& source : {tesselo::executable_folder() / tesselo::help_file_name,
-                                   fs::path(TESSELO_INSTALLED_DATA) / tesselo::help_file_name}) {
+                                   tesselo::installed_data_folder() / tesselo::help_file_name}) {
         if (!fs::is_regular_file(source, ec) || fs::equivalent(source, target, ec)) continue;
         if (fs::exists(target, ec) && fs::last_write_time(target, ec) >= fs::last_write_time(source, ec)) return;
         fs::copy_file(source, target, fs::copy_options::overwrite_existing, ec);
@@ -74,10 +71,7 @@ int main(int argc, char** argv)
 
     const auto home = tesselo::resolve_home(tesselo::home_sources_from_environment(tesselo::executable_folder(), {}));
     std::string why;
-    if (!tesselo::prepare_home(home,
-                               {tesselo::executable_folder() / tesselo::data_base_folder,
-                                fs::path(TESSELO_INSTALLED_DATA) / tesselo::data_base_folder},
-                               why))
+    if (!tesselo::prepare_home(home, tesselo::data_base_sources(), why))
         std::cerr << "tesselo: cannot use the home folder " << home << ": " << why << '\n';
     provide_user_guide(home);
 
