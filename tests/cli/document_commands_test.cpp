@@ -113,13 +113,5 @@ TEST(CliScript, TheLogIsWrittenInTheHomeFolder)
     EXPECT_TRUE(found);
 }
 
-TEST(CliHelp, ListsTheCommands)
-{
-    const auto r = run_cli("--help");
-    EXPECT_EQ(r.status, 0);
-    EXPECT_NE(r.out.find("new"), std::string::npos);
-    EXPECT_NE(r.out.find("script"), std::string::npos);
-}
-
 }  // namespace
 }  // namespace tesselo

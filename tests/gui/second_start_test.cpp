@@ -62,6 +62,27 @@ private Q_SLOTS:
         for (const char* file : {"5150LIb.bin", "Lib_KEY.ASM", "F-QX5150 Brandlist.txt"})
             QVERIFY2(QFileInfo::exists(home + "/Data base/" + file), file);
     }
+
+    void help_and_version_answer_without_a_display()
+    {
+        QProcess program;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.remove("DISPLAY");
+        env.remove("WAYLAND_DISPLAY");
+        env.remove("QT_QPA_PLATFORM");
+        program.setProcessEnvironment(env);
+        program.start(TESSELO_EDITOR, {"--help"});
+        QVERIFY(program.waitForFinished(10000));
+        QCOMPARE(program.exitCode(), 0);
+        const QByteArray help = program.readAllStandardOutput();
+        QVERIFY(help.startsWith("Usage: tesselo [options] [FILE...]\n"));
+        for (const char* variable : {"TESSELO_HOME", "TESSELO_LINK", "TESSELO_STARTUP_LOG", "TESSELO_QUIT_WHEN_READY"})
+            QVERIFY2(help.contains(variable), variable);
+        program.start(TESSELO_EDITOR, {"--version"});
+        QVERIFY(program.waitForFinished(10000));
+        QCOMPARE(program.exitCode(), 0);
+        QCOMPARE(program.readAllStandardOutput(), QByteArray("tesselo " TESSELO_VERSION "\n"));
+    }
 };
 
 QTEST_MAIN(SecondStartTest)

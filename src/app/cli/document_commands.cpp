@@ -45,12 +45,12 @@ int command_info(const std::string& path)
 
 void add_document_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run)
 {
-    auto* cmd_new = app.add_subcommand("new", "New Configuration, saved to OUT");
+    auto* cmd_new = app.add_subcommand("new");
     auto out = std::make_shared<std::string>();
     cmd_new->add_option("OUT", *out, "the .kcf file to write")->required();
     cmd_new->callback([&options, &run, out] { run = [&options, out] { return command_new(options, *out); }; });
 
-    auto* cmd_info = app.add_subcommand("info", "the header entries, the image and file sizes, and the counts");
+    auto* cmd_info = app.add_subcommand("info");
     auto file = std::make_shared<std::string>();
     cmd_info->add_option("FILE", *file, "a .kcf file")->required();
     cmd_info->callback([&run, file] { run = [file] { return command_info(*file); }; });

@@ -103,21 +103,21 @@ void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& 
 {
     auto args = std::make_shared<FileArgs>();
 
-    auto* dump = app.add_subcommand("dump", "opens FILE as the Open command does and prints its tables as JSON");
+    auto* dump = app.add_subcommand("dump");
     dump->add_option("FILE", args->file, "a .kcf file")->required();
     on_fault_option(dump, *args);
     dump->callback([&options, &run, args] { run = [&options, args] { return command_dump(options, *args); }; });
 
-    auto* tree = app.add_subcommand("tree", "opens FILE and prints its tree, one node a line");
+    auto* tree = app.add_subcommand("tree");
     tree->add_option("FILE", args->file, "a .kcf file")->required();
     on_fault_option(tree, *args);
     tree->callback([&options, &run, args] { run = [&options, args] { return command_tree(options, *args); }; });
 
-    auto* check = app.add_subcommand("check", "the integrity check, one line per fault");
+    auto* check = app.add_subcommand("check");
     check->add_option("FILE", args->file, "a .kcf file")->required();
     check->callback([&run, args] { run = [args] { return command_check(*args); }; });
 
-    auto* resave = app.add_subcommand("resave", "opens IN and saves it as OUT");
+    auto* resave = app.add_subcommand("resave");
     resave->add_option("IN", args->file, "a .kcf file")->required();
     resave->add_option("OUT", args->out, "the file to write")->required();
     on_fault_option(resave, *args);

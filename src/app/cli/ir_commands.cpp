@@ -161,21 +161,20 @@ int command_library(const GlobalOptions& options, const std::vector<std::string>
 
 void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run)
 {
-    auto* ir = app.add_subcommand("ir", "RC5, RC5X, RC6 and RC6A codes");
+    auto* ir = app.add_subcommand("ir");
     ir->require_subcommand(1);
-    auto* encode = ir->add_subcommand("encode", "rc5 S C, rc5x S C D, rc6 S C, rc6a U S C: the format and data words");
+    auto* encode = ir->add_subcommand("encode");
     auto protocol = std::make_shared<std::string>();
     auto fields = std::make_shared<std::vector<std::string>>();
     encode->add_option("PROTOCOL", *protocol, "rc5, rc5x, rc6 or rc6a")->required();
     encode->add_option("FIELDS", *fields, "the protocol's fields")->required();
     encode->callback([&run, protocol, fields] { run = [protocol, fields] { return command_encode(*protocol, *fields); }; });
-    auto* decode = ir->add_subcommand("decode", "the protocol and fields of data words, or unknown");
+    auto* decode = ir->add_subcommand("decode");
     auto words = std::make_shared<std::vector<std::string>>();
     decode->add_option("WORDS", *words, "the data words in hexadecimal")->required();
     decode->callback([&run, words] { run = [words] { return command_decode(*words); }; });
 
-    auto* library = app.add_subcommand(
-        "library", "categories | brands CATEGORY | codesets CATEGORY BRAND | keys CODESET | code CODESET KEYINDEX");
+    auto* library = app.add_subcommand("library");
     auto args = std::make_shared<std::vector<std::string>>();
     library->add_option("ARGS", *args, "what to list")->required();
     library->callback([&options, &run, args] { run = [&options, args] { return command_library(options, *args); }; });

@@ -49,15 +49,15 @@ LineResult refused_unless(bool done) { return done ? LineResult::done : LineResu
 
 void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run)
 {
-    auto* cmd_clock = app.add_subcommand("clock", "runs Clock Sync: the remote's clock is set to the local time");
+    auto* cmd_clock = app.add_subcommand("clock");
     cmd_clock->callback([&options, &run] { run = [&options] { return command_clock(options); }; });
 
-    auto* cmd_download = app.add_subcommand("download", "opens FILE and runs Download on it");
+    auto* cmd_download = app.add_subcommand("download");
     auto file = std::make_shared<std::string>();
     cmd_download->add_option("FILE", *file, "a .kcf file")->required();
     cmd_download->callback([&options, &run, file] { run = [&options, file] { return command_download(options, *file); }; });
 
-    auto* cmd_upload = app.add_subcommand("upload", "runs Upload and saves the new document as OUT");
+    auto* cmd_upload = app.add_subcommand("upload");
     auto out = std::make_shared<std::string>();
     cmd_upload->add_option("OUT", *out, "the .kcf file to write")->required();
     cmd_upload->callback([&options, &run, out] { run = [&options, out] { return command_upload(options, *out); }; });

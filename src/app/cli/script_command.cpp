@@ -8,7 +8,7 @@ namespace tesselo::cli {
 
 void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun& run)
 {
-    auto* cmd = app.add_subcommand("script", "replays the operations in FILE ('-' reads standard input)");
+    auto* cmd = app.add_subcommand("script");
     auto file = std::make_shared<std::string>();
     cmd->add_option("FILE", *file, "the script")->required();
     cmd->callback([&options, &run, file] {

@@ -87,7 +87,7 @@ int command_simulate(const GlobalOptions& options, const std::string& file, cons
 
 void add_simulate_command(CLI::App& app, const GlobalOptions& options, CommandRun& run)
 {
-    auto* cmd = app.add_subcommand("simulate", "runs FILE's image as the remote runs it, with the gestures of SCRIPT");
+    auto* cmd = app.add_subcommand("simulate");
     auto file = std::make_shared<std::string>();
     auto script = std::make_shared<std::string>();
     cmd->add_option("FILE", *file, "a .kcf file or temp.trl")->required();

@@ -9,21 +9,37 @@ int main(int argc, char** argv)
 {
     using namespace tesselo;
     using namespace tesselo::emulator;
-    std::string faults_help = "makes the remote misbehave in one named way; repeatable. The faults:";
-    for (const auto& f : fault_table()) faults_help += std::string("\n  ") + f.name + ": " + f.what;
+    // The faults, laid out as the entries of a help section (so that the
+    // manual page made from --help lists them as such).
+    std::string faults = "Faults:\n";
+    for (const auto& f : fault_table()) {
+        std::string name = std::string("  ") + f.name;
+        name += name.size() + 2 > 30 ? "\n" + std::string(30, ' ') : std::string(30 - name.size(), ' ');
+        faults += name + f.what + "\n";
+    }
 
-    CLI::App app{"tesselo-remote-emu: the QM4100/QM5100 remote's side of the link, over tcp"};
+    CLI::App app{"tesselo-remote-emu: the QM4100/QM5100 remote's side of the link, over tcp", "tesselo-remote-emu"};
+    app.footer(faults);
+    app.get_formatter()->column_width(30);
+    app.set_version_flag("--version", "tesselo-remote-emu " TESSELO_VERSION, "prints the version and ends");
     std::string listen;
     std::string flash;
     std::vector<std::string> fault_names;
     double stop_after = 0;
-    app.add_option("--listen", listen, "HOST:PORT to listen on (port 0: any free port)")->required();
-    app.add_option("--flash", flash, "the file that keeps the remote's flash (else it is kept in memory)");
-    app.add_option("--fault", fault_names, faults_help);
-    app.add_option("--stop-after", stop_after, "stop by itself after this many seconds (0: never)");
+    app.add_option("--listen", listen, "where to listen (port 0: any free port); prints listening on HOST:PORT")
+        ->required()
+        ->type_name("HOST:PORT");
+    app.add_option("--flash", flash, "the file that keeps the remote's flash (else it is kept in memory)")
+        ->type_name("FILE");
+    app.add_option("--fault", fault_names, "makes the remote misbehave in one named way (below); repeatable")
+        ->type_name("NAME");
+    app.add_option("--stop-after", stop_after, "stop by itself after this many seconds (0: never)")
+        ->type_name("SECONDS");
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {
+        return app.exit(e);
+    } catch (const CLI::CallForVersion& e) {
         return app.exit(e);
     } catch (const CLI::ParseError& e) {
         app.exit(e);

@@ -20,6 +20,7 @@
 #include "views/artwork.h"
 #include "views/form2.h"
 #include "views/mdi_form1.h"
+#include "views/program_command_line.h"
 #include "views/qt_ui.h"
 #include "views/single_instance.h"
 
@@ -43,20 +44,35 @@ void provide_user_guide(const fs::path& home)
     }
 }
 
+tesselo::ProgramHelp editor_help()
+{
+    return {"tesselo", TESSELO_VERSION,
+            "the editor of the QM4100 and QM5100 universal remote controls (Kelvaro Tesselo 3)\n"
+            "Opens each FILE, a Configuration, in a document window. One editor runs per user: a second start\n"
+            "hands its files to the running editor and brings it forward. The user guide is under Help.",
+            "FILE", "a configuration file (.kcf)", "[FILE...]",
+            "Environment:\n"
+            "  TESSELO_HOME                the home folder: the log, temp.trl, My Database and the Data base\n"
+            "                              folder (else the program's folder when it holds a Data base folder,\n"
+            "                              else $XDG_DATA_HOME/tesselo, normally ~/.local/share/tesselo)\n"
+            "  TESSELO_LINK                the remote: usb (the default) or tcp:HOST:PORT, where\n"
+            "                              tesselo-remote-emu listens\n"
+            "  TESSELO_STARTUP_LOG         when set, prints the time from the start to a usable frame\n"
+            "  TESSELO_QUIT_WHEN_READY     when set, skips the splash and ends once the frame is usable\n"};
+}
+
 }  // namespace
 
 int main(int argc, char** argv)
 {
     QElapsedTimer since_start;
     since_start.start();
+    const tesselo::ProgramHelp help = editor_help();
+    if (tesselo::answer_without_display(argc, argv, help)) return 0;
     QApplication qt(argc, argv);
-    QApplication::setApplicationName("tesselo");
-    QApplication::setApplicationVersion(TESSELO_VERSION);
     QApplication::setDesktopFileName("tesselo");
     QApplication::setWindowIcon(tesselo::program_icon());
-
-    QStringList files = QApplication::arguments();
-    files.removeFirst();
+    const QStringList files = tesselo::program_files(qt, help);
     const QString server_name = tesselo::instance_server_name();
     if (tesselo::hand_over(server_name, files, 500)) return 0;
     tesselo::InstanceServer server;

@@ -6,8 +6,6 @@
 #include <string>
 
 #include <QApplication>
-#include <QCoreApplication>
-#include <QCommandLineParser>
 #include <QFileInfo>
 
 #include "core/document/home_folder.h"
@@ -16,50 +14,34 @@
 #include "core/keys/ir_step_names.h"
 #include "platform/executable_folder.h"
 #include "views/artwork.h"
+#include "views/program_command_line.h"
 #include "views/simulator_window.h"
 #include "views/single_instance.h"
 
 namespace {
 
-// The command line; --help and --version print and end here.
-QStringList files_of(const QCoreApplication& app)
+tesselo::ProgramHelp simulator_help()
 {
-    QCommandLineParser options;
-    options.setApplicationDescription(
-        "Runs a configuration as the remote runs it: press its keys on the remote's picture and watch what it does.\n"
-        "Without FILE it runs temp.trl of the home folder, which the editor's Simulator command writes.");
-    options.addHelpOption();
-    options.addVersionOption();
-    options.addPositionalArgument("FILE", "a configuration file (.kcf) or temp.trl", "[FILE]");
-    options.process(app);
-    return options.positionalArguments();
-}
-
-void name_program()
-{
-    QCoreApplication::setApplicationName("tesselo-simulator");
-    QCoreApplication::setApplicationVersion(TESSELO_VERSION);
+    return {"tesselo-simulator", TESSELO_VERSION,
+            "runs a configuration of the QM4100 and QM5100 remotes as the remote runs it, in a window\n"
+            "Press its keys on the remote's picture and watch what it does. Without FILE it runs temp.trl of the\n"
+            "home folder, which the editor's Simulator command writes. One simulator runs per user: a second\n"
+            "start hands its file to the running one and brings it forward.",
+            "FILE", "a configuration file (.kcf) or temp.trl", "[FILE]",
+            "Environment:\n"
+            "  TESSELO_HOME                the home folder, whose temp.trl, IR library and My Database it reads\n"};
 }
 
 }  // namespace
 
 int main(int argc, char** argv)
 {
-    // --help and --version answer without a display.
-    for (int i = 1; i < argc; ++i) {
-        const std::string word = argv[i];
-        if (word == "--help" || word == "-h" || word == "--help-all" || word == "--version" || word == "-v") {
-            QCoreApplication core(argc, argv);
-            name_program();
-            files_of(core);
-            return 0;
-        }
-    }
+    const tesselo::ProgramHelp help = simulator_help();
+    if (tesselo::answer_without_display(argc, argv, help)) return 0;
     QApplication qt(argc, argv);
-    name_program();
     QApplication::setDesktopFileName("tesselo-simulator");
     QApplication::setWindowIcon(tesselo::program_icon());
-    const QStringList files = files_of(qt);
+    const QStringList files = tesselo::program_files(qt, help);
 
     const QString server_name = tesselo::instance_server_name("simulator");
     if (tesselo::hand_over(server_name, files, 500)) return 0;
