@@ -47,7 +47,7 @@ void provide_user_guide(const fs::path& home)
 tesselo::ProgramHelp editor_help()
 {
     return {"tesselo", TESSELO_VERSION,
-            "the editor of the QM4100 and QM5100 universal remote controls (Kelvaro Tesselo 3)\n"
+            "the editor of the QM4100 and QM5100 universal remote controls (Kelvaro Tesselo 3)\n\n"
             "Opens each FILE, a Configuration, in a document window. One editor runs per user: a second start\n"
             "hands its files to the running editor and brings it forward. The user guide is under Help.",
             "FILE", "a configuration file (.kcf)", "[FILE...]",

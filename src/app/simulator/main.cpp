@@ -23,7 +23,7 @@ namespace {
 tesselo::ProgramHelp simulator_help()
 {
     return {"tesselo-simulator", TESSELO_VERSION,
-            "runs a configuration of the QM4100 and QM5100 remotes as the remote runs it, in a window\n"
+            "runs a configuration of the QM4100 and QM5100 remotes as the remote runs it, in a window\n\n"
             "Press its keys on the remote's picture and watch what it does. Without FILE it runs temp.trl of the\n"
             "home folder, which the editor's Simulator command writes. One simulator runs per user: a second\n"
             "start hands its file to the running one and brings it forward.",
