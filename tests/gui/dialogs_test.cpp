@@ -29,6 +29,8 @@ private Q_SLOTS:
         QCOMPARE(window.findChild<QLabel*>("Label3")->text(), QString("Do you wish to continue?"));
         QCOMPARE(window.findChild<QListWidget*>("List1")->count(), 2);
         QCOMPARE(window.findChild<QListWidget*>("List1")->item(1)->text(), QString("HOME/PAGE1/KEY 1"));
+        window.show();
+        save_screenshot(&window, "error_window");
     }
 
     void command1_goes_on_and_command2_gives_up()
