@@ -3,6 +3,9 @@
 // program knows, and nothing it does not.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <map>
 #include <set>
 
 #include "app/cli/commands.h"
@@ -105,6 +108,64 @@ TEST(CliHelp, VersionAndEachCommandsOwnHelp)
     EXPECT_EQ(encode.status, 0);
     EXPECT_EQ(encode.out.rfind(command_description("ir encode") + "\n", 0), 0u);
     EXPECT_NE(encode.out.find("Usage: tesselo-cli ir encode"), std::string::npos);
+}
+
+// The rows of docs/cli.md's tables, by their header: "command", "operation",
+// "gesture" or "action", each row its usage (out of its backticks) and its
+// description, with the table's escaped bars read back.
+std::map<std::string, std::set<std::pair<std::string, std::string>>> manual_tables()
+{
+    std::ifstream in(std::filesystem::path(TESSELO_SOURCE_DIR) / "docs" / "cli.md");
+    std::map<std::string, std::set<std::pair<std::string, std::string>>> tables;
+    std::string line;
+    std::string kind;
+    const auto unescape = [](std::string cell) {
+        for (std::size_t at = cell.find("\\|"); at != std::string::npos; at = cell.find("\\|", at)) cell.erase(at, 1);
+        return cell;
+    };
+    while (std::getline(in, line)) {
+        if (line.empty() || line[0] != '|') {
+            kind.clear();
+            continue;
+        }
+        // Cells split on bars that are not escaped.
+        std::vector<std::string> cells;
+        std::string cell;
+        for (std::size_t i = 1; i < line.size(); ++i) {
+            if (line[i] == '|' && line[i - 1] != '\\') {
+                cells.push_back(cell.substr(cell.find_first_not_of(' '), cell.find_last_not_of(' ') - cell.find_first_not_of(' ') + 1));
+                cell.clear();
+            } else {
+                cell += line[i];
+            }
+        }
+        if (cells.size() != 2) continue;
+        if (kind.empty()) {
+            kind = cells[0];
+            continue;
+        }
+        if (cells[0].rfind("---", 0) == 0) continue;
+        std::string usage = unescape(cells[0]);
+        if (usage.size() > 2 && usage.front() == '`' && usage.back() == '`') usage = usage.substr(1, usage.size() - 2);
+        tables[kind].insert({usage, unescape(cells[1])});
+    }
+    return tables;
+}
+
+std::set<std::pair<std::string, std::string>> rows_of(const std::vector<HelpEntry>& entries)
+{
+    std::set<std::pair<std::string, std::string>> rows;
+    for (const auto& e : entries) rows.insert({e.usage, e.description});
+    return rows;
+}
+
+TEST(CliHelp, TheManualsTablesAreTheHelpWordForWord)
+{
+    auto tables = manual_tables();
+    EXPECT_EQ(tables["command"], rows_of(command_help()));
+    EXPECT_EQ(tables["operation"], rows_of(script_operation_help()));
+    EXPECT_EQ(tables["gesture"], rows_of(simulator_gesture_help()));
+    EXPECT_EQ(tables["action"], rows_of(simulator_action_help()));
 }
 
 }  // namespace
