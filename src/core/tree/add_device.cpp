@@ -135,8 +135,8 @@ void add_homekey(Application& app, int slot, int home_page, int index, bool new_
     jump.param_low = static_cast<std::uint8_t>(index);
     jump.param_high = 0;
     jump.next_step = end_of_list;
-    auto& first_page = config.page_table[static_cast<std::size_t>(pages_before(config, index))];
-    first_page.key_count = 1;
+    // A pasted device has no page yet: its pages come with their own counts.
+    if (mode < add_device_paste) config.page_table[static_cast<std::size_t>(pages_before(config, index))].key_count = 1;
 }
 
 void AddDevice(Application& app, int mode, const KeyLabel* pasted_name)
