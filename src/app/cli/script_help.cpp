@@ -23,6 +23,11 @@ const std::vector<HelpEntry>& script_operation_help()
          "the popup menu item with that key on the selected node (\"Add Device\", \"Open Page\", ...); a greyed or "
          "missing item is refused"},
         {"add-device / add-page", "Insert > Device / Insert > Page"},
+        {"move-up / move-down / hide",
+         "Move Up, Move Down, Hide Device or Hide Page on the selected node; refused where the item is greyed"},
+        {"drag NODEKEY [SLOT]",
+         "drags the selected device or page onto the node NODEKEY of document SLOT (default the active one): it is "
+         "copied there"},
         {"undo / redo", "Edit > Undo / Redo"},
         {"key soft ROW [left] / key hard PICTURE",
          "a click on a key of the selected page: an LCD row 0 to 5 (its left button with left), or a picture 0 to "
@@ -51,7 +56,8 @@ const std::vector<HelpEntry>& script_operation_help()
         {"mydb add brand|device|model|function NAME", "the Add New ... Name dialog of that level answered with NAME"},
         {"mydb register BRAND DEVICE MODEL FUNCTION",
          "Register to My Database with the code under work; \"Select one\" for a box left alone"},
-        {"focus tree / focus key", "where Cut, Copy, Paste and Delete go: the tree's node or the page's key"},
+        {"focus tree / focus key",
+         "where Cut, Copy, Paste and Delete go: the tree's selected device or page, or the page's selected key"},
         {"cut / copy / paste / delete", "the Edit menu; a greyed entry is refused and prints nothing"},
         {"drag-key MODE soft ROW [left] / drag-key MODE hard PICTURE",
          "a drag from the selected key onto that key of the same page; MODE move (a plain drag), copy (with Ctrl), "
