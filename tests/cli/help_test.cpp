@@ -31,12 +31,7 @@ std::set<std::string> parser_commands()
     CLI::App app;
     GlobalOptions options;
     CommandRun run;
-    add_document_commands(app, options, run);
-    add_file_commands(app, options, run);
-    add_script_command(app, options, run);
-    add_link_commands(app, options, run);
-    add_ir_commands(app, options, run);
-    add_simulate_command(app, options, run);
+    add_all_commands(app, options, run);
     std::set<std::string> names;
     leaf_commands(app, "", names);
     return names;

@@ -1,9 +1,13 @@
 #include <QLocalSocket>
-#include <QProcess>
 #include <QTemporaryDir>
+#include <QProcess>
 #include <QtTest>
 
+#include "without_display.h"
+
 using namespace std::chrono_literals;
+using tesselo::testing::ProgramOutput;
+using tesselo::testing::run_without_display;
 
 // The editor run as a program: a second start ends at once and leaves the
 // first one running.
@@ -65,23 +69,14 @@ private Q_SLOTS:
 
     void help_and_version_answer_without_a_display()
     {
-        QProcess program;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.remove("DISPLAY");
-        env.remove("WAYLAND_DISPLAY");
-        env.remove("QT_QPA_PLATFORM");
-        program.setProcessEnvironment(env);
-        program.start(TESSELO_EDITOR, {"--help"});
-        QVERIFY(program.waitForFinished(10000));
-        QCOMPARE(program.exitCode(), 0);
-        const QByteArray help = program.readAllStandardOutput();
-        QVERIFY(help.startsWith("Usage: tesselo [options] [FILE...]\n"));
+        const ProgramOutput help = run_without_display(TESSELO_EDITOR, {"--help"});
+        QCOMPARE(help.exit_code, 0);
+        QVERIFY(help.out.startsWith("Usage: tesselo [options] [FILE...]\n"));
         for (const char* variable : {"TESSELO_HOME", "TESSELO_LINK", "TESSELO_STARTUP_LOG", "TESSELO_QUIT_WHEN_READY"})
-            QVERIFY2(help.contains(variable), variable);
-        program.start(TESSELO_EDITOR, {"--version"});
-        QVERIFY(program.waitForFinished(10000));
-        QCOMPARE(program.exitCode(), 0);
-        QCOMPARE(program.readAllStandardOutput(), QByteArray("tesselo " TESSELO_VERSION "\n"));
+            QVERIFY2(help.out.contains(variable), variable);
+        const ProgramOutput version = run_without_display(TESSELO_EDITOR, {"--version"});
+        QCOMPARE(version.exit_code, 0);
+        QCOMPARE(version.out, QByteArray("tesselo " TESSELO_VERSION "\n"));
     }
 };
 

@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
@@ -22,6 +21,7 @@
 #include "core/tree/adding.h"
 #include "core/tree/tree_view.h"
 #include "gui_support.h"
+#include "without_display.h"
 #include "views/remote_picture.h"
 #include "views/simulator_window.h"
 
@@ -209,20 +209,13 @@ private Q_SLOTS:
 
     void help_and_version_answer_without_a_display()
     {
-        QProcess program;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.remove("DISPLAY");
-        env.remove("WAYLAND_DISPLAY");
-        env.remove("QT_QPA_PLATFORM");
-        program.setProcessEnvironment(env);
-        program.start(QString(TESSELO_BUILD_BIN) + "/tesselo-simulator", {"--help"});
-        QVERIFY(program.waitForFinished(10000));
-        QCOMPARE(program.exitCode(), 0);
-        QVERIFY(program.readAllStandardOutput().contains("[options] [FILE]"));
-        program.start(QString(TESSELO_BUILD_BIN) + "/tesselo-simulator", {"--version"});
-        QVERIFY(program.waitForFinished(10000));
-        QCOMPARE(program.exitCode(), 0);
-        QVERIFY(program.readAllStandardOutput().startsWith("tesselo-simulator "));
+        const QString simulator = QString(TESSELO_BUILD_BIN) + "/tesselo-simulator";
+        const ProgramOutput help = run_without_display(simulator, {"--help"});
+        QCOMPARE(help.exit_code, 0);
+        QVERIFY(help.out.contains("[options] [FILE]"));
+        const ProgramOutput version = run_without_display(simulator, {"--version"});
+        QCOMPARE(version.exit_code, 0);
+        QVERIFY(version.out.startsWith("tesselo-simulator "));
     }
 };
 

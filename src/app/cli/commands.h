@@ -33,5 +33,7 @@ void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun&
 void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_simulate_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+// Every command of the program, each family in turn.
+void add_all_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 
 }  // namespace tesselo::cli

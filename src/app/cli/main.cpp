@@ -28,12 +28,7 @@ int main(int argc, char** argv)
     app.fallthrough();
     GlobalOptions options;
     CommandRun run;
-    add_document_commands(app, options, run);
-    add_file_commands(app, options, run);
-    add_script_command(app, options, run);
-    add_link_commands(app, options, run);
-    add_ir_commands(app, options, run);
-    add_simulate_command(app, options, run);
+    add_all_commands(app, options, run);
     describe_commands(app, "");
     // The commands keep the standard -h,--help; the program's own help is the
     // manual's text, and --help-all the whole of it.
