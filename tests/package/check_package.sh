@@ -2,11 +2,12 @@
 # The package holds what an installation of Tesselo needs, where Debian and
 # the desktop look for it, and says so in its control fields; its metadata
 # passes the desktop's validators and lintian finds no error.
-# Usage: check_package.sh SOURCE_DIR PACKAGE_DIR VERSION
+# Usage: check_package.sh SOURCE_DIR BUILD_DIR PACKAGE_DIR VERSION
 set -euo pipefail
 source_dir=$1
-package_dir=$2
-version=$3
+build_dir=$2
+package_dir=$3
+version=$4
 arch=$(dpkg --print-architecture)
 deb="$package_dir/tesselo_${version}_${arch}.deb"
 failures=0
@@ -86,8 +87,19 @@ rm -rf "$control"
 # The desktop's metadata and the manual pages, as the package holds them.
 root=$(mktemp -d)
 dpkg -x "$deb" "$root"
-appstreamcli validate --no-net "$root/usr/share/metainfo/com.kelvaro.tesselo.metainfo.xml" ||
-    fail "appstreamcli validate"
+metainfo="$root/usr/share/metainfo/com.kelvaro.tesselo.metainfo.xml"
+appstreamcli validate --no-net "$metainfo" || fail "appstreamcli validate"
+# Its screenshots are pictures that the window tests took in build/screenshots.
+shots=$(grep -o '<image>[^<]*</image>' "$metainfo" | sed 's|</image>||; s|.*/||')
+[ -n "$shots" ] || fail "the metainfo shows no screenshot"
+for shot in $shots; do
+    [ -f "$build_dir/screenshots/$shot" ] || fail "the metainfo's screenshot $shot is not in $build_dir/screenshots"
+done
+grep -q '<content_rating type="oars-1.1"' "$metainfo" || fail "the metainfo has no content rating"
+for provided in tesselo tesselo-simulator tesselo-cli tesselo-remote-emu; do
+    grep -q "<binary>$provided</binary>" "$metainfo" || fail "the metainfo does not provide $provided"
+done
+grep -q '<mediatype>application/x-tesselo-kcf</mediatype>' "$metainfo" || fail "the metainfo does not provide the .kcf type"
 for f in "$root"/usr/share/applications/*.desktop; do desktop-file-validate "$f" || fail "desktop-file-validate $f"; done
 for page in "$root"/usr/share/man/man1/*.1.gz; do
     warnings=$(LC_ALL=C.UTF-8 MANWIDTH=80 man --warnings -l "$page" 2>&1 >/dev/null)
