@@ -15,6 +15,7 @@
 
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
+#include "core/document/restore_default.h"
 #include "core/document/ui.h"
 #include "core/link/clock_sync.h"
 #include "core/link/download.h"
@@ -129,6 +130,7 @@ void MDIForm1::register_commands()
         if (const Document* doc = app_.active()) close_pages(doc->slot);
     };
     commands_["muSimulator"] = [this] { muSimulator(app_); };
+    commands_["muRestore"] = [this] { muRestore(app_); };
     commands_["muCascade"] = [this] { arrange(Arrangement::cascade); };
     commands_["muTileHor"] = [this] { arrange(Arrangement::tile_horizontally); };
     commands_["muTileVer"] = [this] { arrange(Arrangement::tile_vertically); };
@@ -253,7 +255,7 @@ bool MDIForm1::command_enabled(const QString& command) const
     };
     static const QStringList on_document = {"muClose",     "muSave",        "muSaveas",       "muOpenAll",
                                             "muCloseAll",  "muSimulator",   "muExpandall",    "muCollapseall",
-                                            "muproperties", "muInsertdevice"};
+                                            "muproperties", "muInsertdevice", "muRestore"};
     // An upload keeps its own entry and Upload's button still.
     if (app.flags().upload_in_progress && command == "muUpload") return false;
     if (command == "muDownload") return has_document;

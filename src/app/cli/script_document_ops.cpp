@@ -2,6 +2,7 @@
 
 #include "app/cli/script_runner.h"
 #include "core/document/lifecycle.h"
+#include "core/document/restore_default.h"
 
 namespace tesselo::cli {
 
@@ -35,6 +36,10 @@ void add_document_operations(ScriptOperations& ops)
     ops["close"] = [](CliContext& ctx, const ScriptArgs& args) {
         if (!args.empty() || !ctx.app.active()) return LineResult::bad_line;
         return refused_unless(close_document(ctx.app, ctx.app.active_document()));
+    };
+    ops["restore"] = [](CliContext& ctx, const ScriptArgs& args) {
+        if (!args.empty() || !ctx.app.active()) return LineResult::bad_line;
+        return refused_unless(muRestore(ctx.app));
     };
     ops["activate"] = [](CliContext& ctx, const ScriptArgs& args) {
         if (args.size() != 1 || !is_slot_number(args[0])) return LineResult::bad_line;
