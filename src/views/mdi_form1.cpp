@@ -122,6 +122,7 @@ void MDIForm1::register_commands()
     commands_["muClose"] = [this] { close_document(app_, app_.active_document()); };
     commands_["muSave"] = [this] { muSave(app_); };
     commands_["muSaveas"] = [this] { muSaveas(app_); };
+    commands_["muPrintOverview"] = [this] { muPrintOverview_Click(); };
     commands_["muExit"] = [this] { close(); };
     commands_["muStandardToolbar"] = [this] { Toolbar1->setVisible(entry("muStandardToolbar")->isChecked()); };
     commands_["muStatusBar"] = [this] { statusBar()->setVisible(entry("muStatusBar")->isChecked()); };
@@ -255,7 +256,7 @@ bool MDIForm1::command_enabled(const QString& command) const
     };
     static const QStringList on_document = {"muClose",     "muSave",        "muSaveas",       "muOpenAll",
                                             "muCloseAll",  "muSimulator",   "muExpandall",    "muCollapseall",
-                                            "muproperties", "muInsertdevice", "muRestore"};
+                                            "muproperties", "muInsertdevice", "muRestore", "muPrintOverview"};
     // An upload keeps its own entry and Upload's button still.
     if (app.flags().upload_in_progress && command == "muUpload") return false;
     if (command == "muDownload") return has_document;

@@ -20,6 +20,7 @@ int main(int argc, char** argv)
     add_link_commands(app, options, run);
     add_ir_commands(app, options, run);
     add_simulate_command(app, options, run);
+    add_overview_command(app, options, run);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& e) {
