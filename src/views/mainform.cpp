@@ -3,7 +3,13 @@
 #include <functional>
 #include <optional>
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDrag>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
+#include <QMouseEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -18,6 +24,8 @@
 #include "core/tree/popup_menu.h"
 #include "views/popup_menus.h"
 #include "core/tree/tree_model.h"
+#include "core/tree/selection.h"
+#include "core/tree/tree_drag.h"
 #include "core/tree/tree_view.h"
 #include "views/artwork.h"
 
@@ -26,6 +34,7 @@ namespace tesselo {
 namespace {
 
 constexpr int node_role = Qt::UserRole + 1;
+const QString node_drag_format = "application/x-tesselo-tree-node";
 
 }  // namespace
 
@@ -42,6 +51,9 @@ mainform::mainform(Application& app, int slot, QWidget* parent) : QWidget(parent
     TreeView1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     TreeView1->setContextMenuPolicy(Qt::CustomContextMenu);
     TreeView1->installEventFilter(this);
+    // Devices and pages are dragged onto a tree, this one or another document's.
+    TreeView1->viewport()->installEventFilter(this);
+    TreeView1->viewport()->setAcceptDrops(true);
     model_ = new QStandardItemModel(this);
     TreeView1->setModel(model_);
     connect(TreeView1, &QTreeView::clicked, this, &mainform::node_clicked);
@@ -177,8 +189,96 @@ void mainform::popup_requested(const QPoint& pos)
     menu->popup(TreeView1->viewport()->mapToGlobal(pos));
 }
 
+QMimeData* mainform::node_drag_mime(int slot, const QString& key)
+{
+    auto* mime = new QMimeData;
+    mime->setData(node_drag_format, (QString::number(slot) + "\n" + key).toUtf8());
+    return mime;
+}
+
+bool mainform::drop_node(const QMimeData* mime, const QPoint& pos)
+{
+    if (!mime || !mime->hasFormat(node_drag_format)) return false;
+    const QStringList parts = QString::fromUtf8(mime->data(node_drag_format)).split('\n');
+    if (parts.size() != 2) return false;
+    const int source_slot = parts[0].toInt();
+    if (source_slot < 0 || source_slot >= document_slots) return false;
+    const int source = app_.tree(source_slot).find(parts[1].toStdString());
+    const int target = node_of(TreeView1->indexAt(pos));
+    const bool pasted = drag_treeview(app_, source_slot, source, slot_, target);
+    Q_EMIT commands_changed();
+    return pasted;
+}
+
+void mainform::start_drag()
+{
+    const TreeModel& tree = app_.tree(slot_);
+    if (!tree.valid(drag_source_)) return;
+    const TreeNode& n = tree.node(drag_source_);
+    // HOME and its nodes, and properties nodes, are not dragged.
+    if (n.image == image_home || n.key.rfind("HOME", 0) == 0 || !(is_device_image(n.image) || is_page_image(n.image)))
+        return;
+    app_.selection().drag_source = n.key;
+    auto* drag = new QDrag(this);
+    drag->setMimeData(node_drag_mime(slot_, QString::fromStdString(n.key)));
+    drag->setPixmap(tree_picture(QString::fromStdString(n.image)).pixmap(24, 24));
+    drag_source_ = 0;
+    drag->exec(Qt::CopyAction);
+}
+
+bool mainform::viewport_event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        // Button 2 never drags.
+        drag_source_ = mouse->button() == Qt::LeftButton ? node_of(TreeView1->indexAt(mouse->position().toPoint())) : 0;
+        press_pos_ = mouse->position().toPoint();
+        return false;
+    }
+    case QEvent::MouseMove: {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        if (drag_source_ && (mouse->buttons() & Qt::LeftButton) &&
+            (mouse->position().toPoint() - press_pos_).manhattanLength() >= QApplication::startDragDistance()) {
+            start_drag();
+            return true;
+        }
+        return false;
+    }
+    case QEvent::DragEnter: {
+        auto* drag = static_cast<QDragEnterEvent*>(event);
+        if (!drag->mimeData()->hasFormat(node_drag_format)) return false;
+        // The target window comes to the front as the pointer enters its tree.
+        if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+            if (sub->mdiArea()) sub->mdiArea()->setActiveSubWindow(sub);
+            sub->raise();
+        }
+        drag->acceptProposedAction();
+        return true;
+    }
+    case QEvent::DragMove: {
+        auto* drag = static_cast<QDragMoveEvent*>(event);
+        if (!drag->mimeData()->hasFormat(node_drag_format)) return false;
+        // HOME and its pages refuse a drop.
+        const int target = node_of(TreeView1->indexAt(drag->position().toPoint()));
+        if (tree_drop_allowed(app_, slot_, target)) drag->acceptProposedAction();
+        else drag->ignore();
+        return true;
+    }
+    case QEvent::Drop: {
+        auto* drop = static_cast<QDropEvent*>(event);
+        if (!drop->mimeData()->hasFormat(node_drag_format)) return false;
+        if (drop_node(drop->mimeData(), drop->position().toPoint())) drop->acceptProposedAction();
+        else drop->ignore();
+        return true;
+    }
+    default: return false;
+    }
+}
+
 bool mainform::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == TreeView1->viewport() && viewport_event(event)) return true;
     if (watched == TreeView1 && event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         const auto mods = key->modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::ShiftModifier);

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QLabel;
+class QMimeData;
 class QMenu;
 class QModelIndex;
 class QStandardItemModel;
@@ -40,6 +41,11 @@ public:
     int node_of(const QModelIndex& index) const;
     QModelIndex index_of(int node) const;
 
+    // A tree node carried by a drag: its document slot and node key.
+    static QMimeData* node_drag_mime(int slot, const QString& key);
+    // The drop of a carried node on the node under `pos` of the tree's viewport.
+    bool drop_node(const QMimeData* mime, const QPoint& pos);
+
 Q_SIGNALS:
     void close_requested(mainform* window);
     void commands_changed();
@@ -52,11 +58,16 @@ private:
     void node_clicked(const QModelIndex& index);
     void node_double_clicked(const QModelIndex& index);
     void popup_requested(const QPoint& pos);
+    bool viewport_event(QEvent* event);
+    void start_drag();
 
     Application& app_;
     int slot_;
     bool released_ = false;
     bool rebuilding_ = false;
+    // The node under the left button's press: the drag source.
+    int drag_source_ = 0;
+    QPoint press_pos_;
     QStandardItemModel* model_;
     QTreeView* TreeView1;
     QLabel* Devicelabel;

@@ -195,9 +195,23 @@ TEST_F(CliTree, ScriptOperationsOfTheTree)
                            "tree\n"
                            "dump " + dump + "\n");
     EXPECT_EQ(r.status, 0) << r.out;
-    EXPECT_EQ(r.out, "status \"Load Configuration\"\n" + built_tree + "11\t8\tDEVICE21\\PAGE2\tPAGE2\ttv\n");
+    // DEVICE2 moved up, then its new page came back with redo; the tree is
+    // built again from the tables, the moved device first.
+    EXPECT_EQ(r.out, "status \"Load Configuration\"\n"
+                     "1\t0\tHOME1\tHOME\thome\n"
+                     "2\t1\tHOME1PROPERTIES\tPROPERTIES\tproperties\n"
+                     "3\t1\tHOME1\\PAGE1\tPAGE1\ttv\n"
+                     "4\t0\tDEVICE21\tDEVICE2\tdevice\n"
+                     "5\t4\tDEVICE21PROPERTIES\tDEVICE2 PROPERTIES\tproperties\n"
+                     "6\t4\tDEVICE21\\PAGE1\tPAGE1\ttv\n"
+                     "7\t4\tDEVICE21\\PAGE2\tPAGE2\ttv\n"
+                     "8\t0\tDEVICE11\tDEVICE1\tdevice\n"
+                     "9\t8\tDEVICE11PROPERTIES\tDEVICE1 PROPERTIES\tproperties\n"
+                     "10\t8\tDEVICE11\\PAGE1\tPAGE1\ttv\n"
+                     "11\t8\tDEVICE11\\PAGE2\tPAGE2\ttv\n");
     const auto j = nlohmann::json::parse(std::ifstream(dump));
-    EXPECT_EQ(j["device_table"][2]["page_count"], 2);
+    EXPECT_EQ(j["device_table"][1]["page_count"], 2);
+    EXPECT_EQ(j["device_name_table"][1]["node_key"], "DEVICE21");
 }
 
 TEST_F(CliTree, ScriptRefusalsAndUnknownNodes)

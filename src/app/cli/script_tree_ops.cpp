@@ -1,6 +1,7 @@
 // Script operations of the tree: open, select, popup, add-device, add-page,
-// undo, redo, dump and tree.
+// move-up, move-down, hide, drag, undo, redo, dump and tree.
 #include <fstream>
+#include <optional>
 
 #include "app/cli/document_json.h"
 #include "app/cli/script_runner.h"
@@ -8,6 +9,7 @@
 #include "core/tree/adding.h"
 #include "core/tree/journal.h"
 #include "core/tree/popup_menu.h"
+#include "core/tree/tree_drag.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
 
@@ -16,6 +18,26 @@ namespace tesselo::cli {
 namespace {
 
 LineResult refused_unless(bool done) { return done ? LineResult::done : LineResult::refused; }
+
+// A popup item of the selected node, refused as the greyed item would be, or
+// on a node without a menu.
+LineResult popup_item(CliContext& ctx, const std::string& key)
+{
+    if (!ctx.app.active()) return LineResult::bad_line;
+    for (const auto& item : build_popup(ctx.app, ctx.app.active()->slot))
+        if (item.type != popup_divider && item.key == key) {
+            if (item.state == popup_greyed) return LineResult::refused;
+            cPopup1_ItemClick(ctx.app, item.key);
+            return LineResult::done;
+        }
+    return LineResult::refused;
+}
+
+std::optional<int> parse_slot(const std::string& word)
+{
+    if (word.size() != 1 || word[0] < '0' || word[0] > '9') return std::nullopt;
+    return word[0] - '0';
+}
 
 // An operation on the active document's tree, without arguments.
 ScriptOperation on_active(void (*operation)(Application&))
@@ -46,14 +68,33 @@ void add_tree_operations(ScriptOperations& ops)
     };
     ops["popup"] = [](CliContext& ctx, const ScriptArgs& args) {
         if (args.size() != 1 || !ctx.app.active()) return LineResult::bad_line;
-        // Refused as the greyed item would be, or a node without a menu.
-        for (const auto& item : build_popup(ctx.app, ctx.app.active()->slot))
-            if (item.type != popup_divider && item.key == args[0]) {
-                if (item.state == popup_greyed) return LineResult::refused;
-                cPopup1_ItemClick(ctx.app, item.key);
-                return LineResult::done;
-            }
-        return LineResult::refused;
+        return popup_item(ctx, args[0]);
+    };
+    ops["move-up"] = [](CliContext& ctx, const ScriptArgs& args) {
+        return args.empty() ? popup_item(ctx, "Move Up") : LineResult::bad_line;
+    };
+    ops["move-down"] = [](CliContext& ctx, const ScriptArgs& args) {
+        return args.empty() ? popup_item(ctx, "Move Down") : LineResult::bad_line;
+    };
+    ops["hide"] = [](CliContext& ctx, const ScriptArgs& args) {
+        if (!args.empty() || !ctx.app.active()) return LineResult::bad_line;
+        const LineResult device = popup_item(ctx, "Hide Device");
+        return device == LineResult::done ? device : popup_item(ctx, "Hide Page");
+    };
+    ops["drag"] = [](CliContext& ctx, const ScriptArgs& args) {
+        if (args.empty() || args.size() > 2 || !ctx.app.active()) return LineResult::bad_line;
+        const int source_slot = ctx.app.active()->slot;
+        int target_slot = source_slot;
+        if (args.size() == 2) {
+            const auto slot = parse_slot(args[1]);
+            if (!slot) return LineResult::bad_line;
+            target_slot = *slot;
+        }
+        if (ctx.app.document_of_slot(target_slot) < 0) return LineResult::bad_line;
+        const int source = ctx.app.tree(source_slot).selected();
+        const int target = ctx.app.tree(target_slot).find(args[0]);
+        if (target == 0) return LineResult::bad_line;
+        return refused_unless(drag_treeview(ctx.app, source_slot, source, target_slot, target));
     };
     ops["add-device"] = on_active(muInsertdevice);
     ops["add-page"] = on_active(muInsertPage);

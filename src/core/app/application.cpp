@@ -11,6 +11,7 @@
 #include "core/tree/journal.h"
 #include "core/tree/page_windows.h"
 #include "core/tree/selection.h"
+#include "core/tree/device_clipboard.h"
 #include "core/tree/tree_commands.h"
 #include "core/tree/tree_model.h"
 #include "core/link/download.h"
@@ -32,6 +33,7 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, FileStore& fi
     open_state_ = std::make_unique<OpenState>();
     clipboards_ = std::make_unique<Clipboards>();
     install_key_edit_commands(*tree_commands_);
+    install_tree_edit_commands(*tree_commands_);
     // Saving in download mode sends the image to the remote before the file is written.
     // The Label command brings the properties window's Label tab forward.
     tree_commands_->label = labelproperties;

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "core/keys/key_clipboard.h"
+#include "core/tree/device_buffers.h"
 
 namespace tesselo {
 
@@ -18,6 +19,10 @@ inline const std::string clipboard_source_key = "key";
 struct Clipboards {
     // One record per key slot of a page: a single key uses record 0.
     std::array<KeyClipRecord, softkeys_per_page> key_clipboard{};
+    // The device and page clipboard: a page, or a device with its pages and
+    // hard keys, unfolded so that it can be pasted into any open document.
+    PageBuffer page_buffer;
+    DeviceBuffer device_buffer;
 };
 
 }  // namespace tesselo

@@ -58,7 +58,11 @@ void copy_key_record(const Configuration& config, const KeyPlace& place, int sou
         r.clip_label = config.softkey_labels[at(key->label_index)];
     }
     r.clip_label_length = r.clip_label.header();
-    const std::int32_t list = key_action_list(config, place);
+    copy_list_record(config, key_action_list(config, place), r);
+}
+
+void copy_list_record(const Configuration& config, std::int32_t list, KeyClipRecord& r)
+{
     r.clip_action_list = static_cast<std::uint16_t>(list);
     int n = 0;
     for (int step : steps_of_list(config, list)) {
@@ -130,26 +134,38 @@ void drop_dangling_steps(const Configuration& config, KeyClipRecord& r)
     }
 }
 
-PasteRefusal paste_refusal(const Configuration& config, const KeyClipRecord& r)
+void PasteNeeds::add(const Configuration& config, const KeyClipRecord& r, bool counted_whole)
 {
-    if (r.clip_step_count + config.action_steps.step_total >= action_steps_accepted) return PasteRefusal::document_steps;
-    int learned = 0, records = 0;
-    std::set<std::int16_t> new_formats;
     for (int i = 0; i < r.clip_step_count; ++i) {
         const std::uint8_t t = r.clip_step_type[at(i)];
+        if (counted_whole || t != step_free) ++steps;
         if (sends_learned_code(t)) ++learned;
         if (!sends_ir_record(t)) continue;
         ++records;
         const IrCodeValue code = clip_code(r, i);
-        if (code.word_count < 1) return PasteRefusal::ir_storage;
+        if (code.word_count < 1) unstorable = true;
         if (find_ir_format(config, code.format_id) < 0) new_formats.insert(code.format_id);
     }
-    if (learned > learning_slots_free(config)) return PasteRefusal::learning_memory;
+}
+
+PasteRefusal PasteNeeds::refusal(const Configuration& config, int step_limit) const
+{
+    if (steps + config.action_steps.step_total > step_limit) return PasteRefusal::document_steps;
+    if (learned > learning_slots_free(config) || learned + check_learntotalno(config) > learned_codes)
+        return PasteRefusal::learning_memory;
     const int formats = std::clamp<int>(config.ir_formats.format_count, 0, ir_format_rows);
     const int stored = std::clamp(config.ir_data.record_count, 0, ir_data_rows);
-    if (records > ir_data_rows - stored || static_cast<int>(new_formats.size()) > ir_format_rows - formats)
+    if (unstorable || records > ir_data_rows - stored || static_cast<int>(new_formats.size()) > ir_format_rows - formats)
         return PasteRefusal::ir_storage;
     return PasteRefusal::none;
+}
+
+PasteRefusal paste_refusal(const Configuration& config, const KeyClipRecord& r)
+{
+    // A key's paste counts every step of the record and refuses at 8000.
+    PasteNeeds needs;
+    needs.add(config, r, true);
+    return needs.refusal(config, action_steps_accepted - 1);
 }
 
 int check_marcosteps(Configuration& config, const KeyClipRecord& r, int index, std::int16_t key_number)
@@ -175,7 +191,14 @@ bool paste_key_record(Configuration& config, KeyPlace& place, const KeyClipRecor
             config.softkey_labels[at(key->label_index)] = label;
     }
 
-    const std::int16_t key_number = learning_key_number(place, config);
+    const std::int32_t list = paste_list_record(config, r, learning_key_number(place, config));
+    if (list == paste_no_room) return false;
+    set_key_action_list(config, place, list);
+    return true;
+}
+
+std::int32_t paste_list_record(Configuration& config, const KeyClipRecord& r, std::int16_t key_number)
+{
     auto& steps = config.action_steps;
     int first = -1, previous = -1, written = 0;
     int free_from = 0;
@@ -208,7 +231,7 @@ bool paste_key_record(Configuration& config, KeyPlace& place, const KeyClipRecor
         ++written;
         ++steps.step_total;
     }
-    if (written == 0) return true;
+    if (written == 0) return no_index;
     int list = -1;
     for (int l = 0; l < action_list_rows && list < 0; ++l)
         if (config.action_lists.entries[at(l)].step_count == 0) list = l;
@@ -221,12 +244,11 @@ bool paste_key_record(Configuration& config, KeyPlace& place, const KeyClipRecor
             --steps.step_total;
             step = next;
         }
-        return false;
+        return paste_no_room;
     }
     config.action_lists.entries[at(list)] = ActionList{static_cast<std::int16_t>(first), static_cast<std::uint8_t>(written)};
     ++config.action_lists.list_count;
-    set_key_action_list(config, place, list);
-    return true;
+    return list;
 }
 
 }  // namespace tesselo

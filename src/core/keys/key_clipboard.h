@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "core/model/configuration.h"
@@ -43,6 +44,9 @@ struct KeyClipRecord {
 // the label (a hard key's from hardkey_labels, a soft key's from
 // softkey_labels) and every step of its chain with the data it refers to.
 void copy_key_record(const Configuration& config, const KeyPlace& place, int source_slot, KeyClipRecord& record);
+// The step part of a copy: every step of list `list` (65535: none) with the
+// data it refers to; the label and the source are left as they are.
+void copy_list_record(const Configuration& config, std::int32_t list, KeyClipRecord& record);
 
 // Links and jumps don't cross documents: their device and page numbers mean
 // nothing in another one. When the record comes from another slot than
@@ -58,6 +62,21 @@ void drop_dangling_steps(const Configuration& config, KeyClipRecord& record);
 enum class PasteRefusal { none, document_steps, learning_memory, ir_storage };
 PasteRefusal paste_refusal(const Configuration& config, const KeyClipRecord& record);
 
+// What the paste of several records takes from a document, summed before any
+// change: steps, learned codes, IR records and formats not yet kept.
+struct PasteNeeds {
+    int steps = 0;
+    int learned = 0;
+    int records = 0;
+    std::set<std::int16_t> new_formats;
+    bool unstorable = false;
+    // `counted_whole`: the steps that will be dropped (255) count too.
+    void add(const Configuration& config, const KeyClipRecord& record, bool counted_whole);
+    // The refusal, in the order of the checks: more steps than `step_limit`
+    // in use after the paste, the learning memory, then the IR storage.
+    PasteRefusal refusal(const Configuration& config, int step_limit) const;
+};
+
 // check_marcosteps: re-creates the data of step `index` of the record in a
 // document and returns its new number: a record of its own in ir_data for an
 // IR code (its format found by id or appended), a free learned slot for a
@@ -70,5 +89,13 @@ int check_marcosteps(Configuration& config, const KeyClipRecord& record, int ind
 // taken only when `take_label`. False when no key can stand there. The
 // caller has checked paste_refusal.
 bool paste_key_record(Configuration& config, KeyPlace& place, const KeyClipRecord& record, bool take_label);
+
+// The step part of a paste: the record's steps but those of type 255 written
+// at the lowest free rows, chained, their data re-created with learned codes
+// noted under `key_number`, and a free list taken for them. The list's number,
+// 65535 when no step was written, paste_no_room when every list is in use
+// (then nothing has changed).
+inline constexpr std::int32_t paste_no_room = -1;
+std::int32_t paste_list_record(Configuration& config, const KeyClipRecord& record, std::int16_t key_number);
 
 }  // namespace tesselo

@@ -85,11 +85,16 @@ void add_homekey(Application& app, int slot, int home_page, int index, bool new_
     int list = 0, step = 0, label = 0;
     std::size_t key_slot = 1;
     if (home_slots(config) == 1 && !new_home_page) {
-        // The first device: list row 0 and step row 0 serve its key.
+        // The first device: in a new document list row 0, step row 0 and
+        // label row 0 serve its key. After every device was deleted the HOME
+        // hard keys may hold them, so the lowest free rows are taken.
+        list = free_list_row(config);
+        step = free_step_row(config);
+        label = search_softkeyno(config);
         page.slots[0].label_index = no_index;
-        page.slots[1].label_index = 0;
+        page.slots[1].label_index = label;
         page.slots[1].position = 1;
-        page.slots[1].action_list = 0;
+        page.slots[1].action_list = list;
         config.device_pages[0].slots[0].label_index = no_index;
         config.page_table[0].key_count = 2;
         config.page_table[0].node_index = static_cast<std::int16_t>(tree.count());
@@ -130,8 +135,8 @@ void add_homekey(Application& app, int slot, int home_page, int index, bool new_
     jump.param_low = static_cast<std::uint8_t>(index);
     jump.param_high = 0;
     jump.next_step = end_of_list;
-    auto& first_page = config.page_table[static_cast<std::size_t>(pages_before(config, index))];
-    first_page.key_count = 1;
+    // A pasted device has no page yet: its pages come with their own counts.
+    if (mode < add_device_paste) config.page_table[static_cast<std::size_t>(pages_before(config, index))].key_count = 1;
 }
 
 void AddDevice(Application& app, int mode, const KeyLabel* pasted_name)
@@ -151,7 +156,7 @@ void AddDevice(Application& app, int mode, const KeyLabel* pasted_name)
     }
     // A full label pool has no room for the HOME key's name either.
     if (count_allpages(tree) > 127 || search_softkeyno(config) >= softkey_label_rows) {
-        ui.message(title_alt, "Exceed Devices or Exceed Pages", Icon::exclamation);
+        ui.message(title_alt, exceed_devices_pages, Icon::exclamation);
         return;
     }
     if (mode != add_device_paste) begin_edit(app);

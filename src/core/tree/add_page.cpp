@@ -34,10 +34,10 @@ bool repoint_homejump(Application& app, int slot, int index, const std::string& 
     return true;
 }
 
-void addpage(Application& app, int mode)
+int addpage(Application& app, int mode, int device_node)
 {
     Document* doc = app.active();
-    if (!doc) return;
+    if (!doc) return 0;
     const int slot = doc->slot;
     const std::string caption = doc->title;
     Configuration& config = app.config(slot);
@@ -46,29 +46,31 @@ void addpage(Application& app, int mode)
     std::array<std::uint8_t, device_rows> page_numbers{};
     const int home = 1;
     if (tree.child_count(home) > 127 || count_allpages(tree) > 127) {
-        app.ui().message(title_alt, "Exceed Devices or Exceed Pages", Icon::exclamation);
-        return;
+        app.ui().message(title_alt, exceed_devices_pages, Icon::exclamation);
+        return 0;
     }
     app.write_log("add page(start) " + caption);
     if (mode != add_page_paste) begin_edit(app);
 
     int node = 0;
-    if (mode == add_page_paste) {
+    if (mode == add_page_paste && device_node != 0) {
+        node = device_node;
+    } else if (mode == add_page_paste) {
         const int row = device_count(config);
         if (row >= 1 && row < device_rows) node = tree.find(config.device_name_table[static_cast<std::size_t>(row)].node_key);
     } else {
         node = tree.selected();
     }
-    if (node == 0) return;
+    if (node == 0) return 0;
     // HOME has no pages of its own to add here.
-    if (tree.node(node).image == image_home || tree.node(node).key.rfind("HOME", 0) == 0) return;
+    if (tree.node(node).image == image_home || tree.node(node).key.rfind("HOME", 0) == 0) return 0;
     if (!is_device_image(tree.node(node).image)) node = tree.node(node).parent;
-    if (node == 0 || !is_device_image(tree.node(node).image)) return;
+    if (node == 0 || !is_device_image(tree.node(node).image)) return 0;
     const std::string device = tree.node(node).key;
     const std::string device_text = tree.node(node).text;
 
     const int row = device_row_of_key(config, device);
-    if (row < 1) return;
+    if (row < 1) return 0;
     const int first = pages_before(config, row);
     const int pages = config.device_table[static_cast<std::size_t>(row)].page_count;
     for (int i = 0; i < pages && first + i < page_rows; ++i) {
@@ -113,6 +115,7 @@ void addpage(Application& app, int mode)
     }
     app.notify([slot](ApplicationListener& l) { l.tree_changed(slot); });
     app.write_log("Add page - " + device_text + "/PAGE" + std::to_string(N) + " - " + caption);
+    return page_node;
 }
 
 void muInsertdevice(Application& app) { AddDevice(app, add_ordinary); }

@@ -19,14 +19,17 @@ inline constexpr int add_device_paste = 3;
 // the last device.
 inline constexpr int add_page_paste = 1;
 
+inline const std::string exceed_devices_pages = "Exceed Devices or Exceed Pages";
+
 // Adds a device behind all others to the active document: its rows, its HOME
 // key with a jump, its 41 hard keys, its nodes and (but in mode 3) its first
 // page. `pasted_name` gives the name bytes in mode 3.
 void AddDevice(Application& app, int mode, const KeyLabel* pasted_name = nullptr);
 
 // Adds a page behind the pages of the selected device (mode 0) or of the
-// last device (mode 1) of the active document.
-void addpage(Application& app, int mode);
+// last device (mode 1) of the active document; a paste may name its device
+// node instead. The new page's node, 0 when none was added.
+int addpage(Application& app, int mode, int device_node = 0);
 
 // Insert > Device and Insert > Page: the ordinary adds.
 void muInsertdevice(Application& app);

@@ -8,6 +8,7 @@
 #include "core/tree/selection.h"
 #include "core/tree/tree_commands.h"
 #include "core/tree/tree_model.h"
+#include "core/tree/tree_moves.h"
 #include "core/tree/tree_view.h"
 
 namespace tesselo {
@@ -39,30 +40,6 @@ Place selected_place(Application& app)
     const Document* doc = app.active();
     if (!doc) return {};
     return {doc->slot, app.tree(doc->slot).selected()};
-}
-
-// First device (row 1) and last device, as the menu and the shortcuts judge them.
-bool is_first_device(Application& app, int slot, int node)
-{
-    return device_row_of_key(app.config(slot), app.tree(slot).node(node).key) == 1;
-}
-
-bool is_last_device(Application& app, int slot, int node)
-{
-    const Configuration& config = app.config(slot);
-    const int last = device_count(config);
-    return last >= 1 && last < device_rows && config.device_name_table[static_cast<std::size_t>(last)].node_index == node;
-}
-
-bool page_has_one_sibling_page(const TreeModel& tree, int node)
-{
-    return tree.child_count(tree.node(node).parent) - 1 <= 1;
-}
-
-bool page_is_first(const TreeModel& tree, int node)
-{
-    const int previous = tree.previous_sibling(node);
-    return previous == 0 || tree.node(previous).image == image_properties;
 }
 
 void append_home_items(std::vector<PopupItem>& menu)
@@ -106,16 +83,15 @@ std::vector<PopupItem> build_popup(Application& app, int slot)
         menu.push_back({"Expand", "Expand", 0, greyed_if(n.expanded)});
         menu.push_back({"Collapse", "Collapse", 0, greyed_if(!n.expanded)});
         menu.push_back(divider());
-        menu.push_back({"Move Up", move_up_caption, 0, state_of(commands.move_up, greyed_if(is_first_device(app, slot, node)))});
+        menu.push_back({"Move Up", move_up_caption, 0, state_of(commands.move_up, greyed_if(!can_move_up(app, slot, node)))});
         menu.push_back({"Move Down", move_down_caption, 0,
-                        state_of(commands.move_down, greyed_if(is_last_device(app, slot, node)))});
+                        state_of(commands.move_down, greyed_if(!can_move_down(app, slot, node)))});
         menu.push_back({"Hide Device", "Hide Device", 0, state_of(commands.hide_device, hidden ? popup_checked : popup_enabled)});
         menu.push_back(divider());
         menu.push_back({"Label", "Label", 0, state_of(commands.label, popup_enabled)});
         menu.push_back({"Properties", "Properties", 0, popup_enabled});
     } else if (is_page_image(n.image)) {
         const bool hidden = n.image == image_hidden_page;
-        const bool one_page = page_has_one_sibling_page(tree, node);
         menu.push_back({"Open Page", "Open Page", 0, popup_enabled});
         menu.push_back(divider());
         menu.push_back({"Add Page", add_page_caption, 0, popup_enabled});
@@ -126,10 +102,9 @@ std::vector<PopupItem> build_popup(Application& app, int slot)
                         state_of(commands.paste, greyed_if(!(state.paste_button && state.clipboard_kind == 1)))});
         menu.push_back({"Delete", "Delete", 0, state_of(commands.remove, popup_enabled)});
         menu.push_back(divider());
-        menu.push_back({"Move Up", move_up_caption, 0,
-                        state_of(commands.move_up, greyed_if(one_page || page_is_first(tree, node)))});
+        menu.push_back({"Move Up", move_up_caption, 0, state_of(commands.move_up, greyed_if(!can_move_up(app, slot, node)))});
         menu.push_back({"Move Down", move_down_caption, 0,
-                        state_of(commands.move_down, greyed_if(one_page || tree.next_sibling(node) == 0))});
+                        state_of(commands.move_down, greyed_if(!can_move_down(app, slot, node)))});
         menu.push_back({"Hide Page", "Hide Page", 0, state_of(commands.hide_page, hidden ? popup_checked : popup_enabled)});
     }
     return menu;
@@ -206,17 +181,11 @@ void tree_key_down(Application& app, TreeShortcut key)
         return;
     }
     if (at.node == 0) return;
-    const TreeModel& tree = app.tree(at.slot);
-    const TreeNode& n = tree.node(at.node);
-    const bool device = is_device_image(n.image);
-    const bool page = is_page_image(n.image) && n.key.rfind("HOME", 0) != 0;
-    if (!device && !page) return;
+    // The same guards as the menu's states.
     if (key == TreeShortcut::ctrl_up) {
-        const bool allowed = device ? !is_first_device(app, at.slot, at.node) : !page_is_first(tree, at.node);
-        if (allowed && app.tree_commands().move_up) app.tree_commands().move_up(app);
-    } else {
-        const bool allowed = device ? !is_last_device(app, at.slot, at.node) : tree.next_sibling(at.node) != 0;
-        if (allowed && app.tree_commands().move_down) app.tree_commands().move_down(app);
+        if (can_move_up(app, at.slot, at.node) && app.tree_commands().move_up) app.tree_commands().move_up(app);
+    } else if (can_move_down(app, at.slot, at.node) && app.tree_commands().move_down) {
+        app.tree_commands().move_down(app);
     }
 }
 

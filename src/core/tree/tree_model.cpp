@@ -34,6 +34,21 @@ int TreeModel::add(int parent, const std::string& key, const std::string& text, 
     return index;
 }
 
+int TreeModel::add_beside(int sibling, bool behind, const std::string& key, const std::string& text,
+                          const std::string& image)
+{
+    if (!valid(sibling)) return 0;
+    const int parent = node(sibling).parent;
+    const int index = add(parent, key, text, image);
+    if (index == 0) return 0;
+    auto& list = parent == 0 ? roots_ : node(parent).children;
+    list.pop_back();
+    auto place = std::find(list.begin(), list.end(), sibling);
+    if (behind) ++place;
+    list.insert(place, index);
+    return index;
+}
+
 void TreeModel::remove(int index)
 {
     if (!valid(index)) return;

@@ -28,6 +28,9 @@ public:
     // Adds a node as the last child of `parent` (0: a top-level node behind
     // all others). Returns its index, or 0 when the key is already in use.
     int add(int parent, const std::string& key, const std::string& text, const std::string& image);
+    // Adds a node as a sibling of `sibling`, in front of it (tvwPrevious) or
+    // behind it (tvwNext). Returns its index, or 0 as add does.
+    int add_beside(int sibling, bool behind, const std::string& key, const std::string& text, const std::string& image);
     // Removes the node and everything below it; the indexes behind it drop.
     void remove(int index);
 

@@ -8,6 +8,7 @@
 #include "core/document/lifecycle.h"
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"
+#include "core/tree/device_clipboard.h"
 #include "core/tree/journal.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/tree_model.h"
@@ -47,65 +48,18 @@ struct TreeTest : ::testing::Test {
         return out;
     }
 
-    // Takes device row `row` out of the tables and the tree, as deleting a
-    // device leaves them: rows behind it move up, its HOME key goes, the HOME
-    // keys behind it move one place back, its number is free again.
+    // Deletes device row `row` as the popup's Delete does.
     void remove_device(int row)
     {
-        Configuration& c = config();
-        const int devices = device_count(c);
-        const int first = pages_before(c, row);
-        const int pages = c.device_table[static_cast<std::size_t>(row)].page_count;
-        const std::string key = c.device_name_table[static_cast<std::size_t>(row)].node_key;
-        c.device_numbers_used[static_cast<std::size_t>(device_number_of_key(key, slot) - 1)] = 0;
-        for (auto& page : c.device_pages)
-            if (page.node_key.rfind(key + "\\", 0) == 0) page = DevicePage{};
-        for (int i = first; i + pages < page_rows; ++i) c.page_table[static_cast<std::size_t>(i)] = c.page_table[static_cast<std::size_t>(i + pages)];
-        for (int d = row; d < devices; ++d) {
-            c.device_table[static_cast<std::size_t>(d)] = c.device_table[static_cast<std::size_t>(d + 1)];
-            c.device_name_table[static_cast<std::size_t>(d)] = c.device_name_table[static_cast<std::size_t>(d + 1)];
-            c.device_extra[static_cast<std::size_t>(d)] = c.device_extra[static_cast<std::size_t>(d + 1)];
-        }
-        c.device_table[static_cast<std::size_t>(devices)] = {};
-        c.device_name_table[static_cast<std::size_t>(devices)] = {};
-        // The HOME keys of one page (this fixture keeps to five devices).
-        HomePage& home = c.home_pages[0];
-        const auto gone = static_cast<std::size_t>(row);
-        const int list = home.slots[gone].action_list;
-        auto& entry = c.action_lists.entries[static_cast<std::size_t>(list)];
-        c.action_steps.steps[static_cast<std::size_t>(entry.first_step)] = {255, 255, 255, 0, 0, 65535};
-        entry = {};
-        --c.action_lists.list_count;
-        --c.action_steps.step_total;
-        c.softkey_labels[static_cast<std::size_t>(home.slots[gone].label_index)].bytes[0] = 255;
-        for (std::size_t s = gone; s + 1 < softkeys_per_page; ++s) {
-            home.slots[s] = home.slots[s + 1];
-            home.node_key[s] = home.node_key[s + 1];
-            home.node_index[s] = home.node_index[s + 1];
-        }
-        --c.page_table[0].key_count;
-        for (int d = row; d < devices; ++d) {
-            auto& jump = c.action_steps.steps[static_cast<std::size_t>(
-                c.action_lists.entries[static_cast<std::size_t>(home.slots[static_cast<std::size_t>(d)].action_list)].first_step)];
-            jump.param_low = static_cast<std::uint8_t>(d);
-        }
-        tree().remove(tree().find(key));
-        rebuild_tree_from_tables(t.app, slot);
+        select(config().device_name_table[static_cast<std::size_t>(row)].node_key);
+        ASSERT_TRUE(cut_devicepage(t.app, cut_mode_delete));
     }
 
-    // Takes page `place` (0-based) of device row `row` out, as deleting it does.
+    // Deletes page `place` (0-based) of device row `row` as the popup's Delete does.
     void remove_page(int row, int place)
     {
-        Configuration& c = config();
-        const int at = pages_before(c, row) + place;
-        const std::string key = c.page_table[static_cast<std::size_t>(at)].node_key;
-        for (auto& page : c.device_pages)
-            if (page.node_key == key) page = DevicePage{};
-        for (int i = at; i + 1 < page_rows; ++i) c.page_table[static_cast<std::size_t>(i)] = c.page_table[static_cast<std::size_t>(i + 1)];
-        --c.device_table[static_cast<std::size_t>(row)].page_count;
-        --c.device_table[static_cast<std::size_t>(row)].visible_pages;
-        tree().remove(tree().find(key));
-        rebuild_tree_from_tables(t.app, slot);
+        select(config().page_table[static_cast<std::size_t>(pages_before(config(), row) + place)].node_key);
+        ASSERT_TRUE(cut_devicepage(t.app, cut_mode_delete));
     }
 };
 
