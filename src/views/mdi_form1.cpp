@@ -25,6 +25,7 @@
 #include "core/tree/adding.h"
 #include "core/tree/edit_state.h"
 #include "core/tree/journal.h"
+#include "core/tree/merge_configuration.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/popup_menu.h"
 #include "core/tree/selection.h"
@@ -132,6 +133,7 @@ void MDIForm1::register_commands()
     };
     commands_["muSimulator"] = [this] { muSimulator(app_); };
     commands_["muRestore"] = [this] { muRestore(app_); };
+    commands_["muMerge"] = [this] { muMerge(app_); };
     commands_["muCascade"] = [this] { arrange(Arrangement::cascade); };
     commands_["muTileHor"] = [this] { arrange(Arrangement::tile_horizontally); };
     commands_["muTileVer"] = [this] { arrange(Arrangement::tile_vertically); };
@@ -256,7 +258,8 @@ bool MDIForm1::command_enabled(const QString& command) const
     };
     static const QStringList on_document = {"muClose",     "muSave",        "muSaveas",       "muOpenAll",
                                             "muCloseAll",  "muSimulator",   "muExpandall",    "muCollapseall",
-                                            "muproperties", "muInsertdevice", "muRestore", "muPrintOverview"};
+                                            "muproperties", "muInsertdevice", "muRestore", "muPrintOverview",
+                                            "muMerge"};
     // An upload keeps its own entry and Upload's button still.
     if (app.flags().upload_in_progress && command == "muUpload") return false;
     if (command == "muDownload") return has_document;

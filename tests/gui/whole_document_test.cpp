@@ -1,5 +1,5 @@
-// The frame's commands on a whole document: Tools > Restore Default
-// Configuration and File > Print Overview....
+// The frame's commands on a whole document: File > Merge Configuration,
+// Tools > Restore Default Configuration and File > Print Overview....
 #include <QAction>
 #include <QApplication>
 #include <QFile>
@@ -19,16 +19,14 @@ using namespace tesselo::testing;
 class WholeDocumentTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
-    void both_entries_need_a_document()
+    void the_entries_need_a_document()
     {
         FrameFixture f;
         f.frame->update_commands();
-        QVERIFY(!f.frame->entry("muRestore")->isEnabled());
-        QVERIFY(!f.frame->entry("muPrintOverview")->isEnabled());
+        for (const char* name : {"muMerge", "muRestore", "muPrintOverview"}) QVERIFY2(!f.frame->entry(name)->isEnabled(), name);
         f.frame->entry("muNew")->trigger();
         f.frame->update_commands();
-        QVERIFY(f.frame->entry("muRestore")->isEnabled());
-        QVERIFY(f.frame->entry("muPrintOverview")->isEnabled());
+        for (const char* name : {"muMerge", "muRestore", "muPrintOverview"}) QVERIFY2(f.frame->entry(name)->isEnabled(), name);
         QCOMPARE(f.frame->entry("muPrintOverview")->shortcut(), QKeySequence("Ctrl+P"));
     }
 
@@ -66,6 +64,30 @@ private Q_SLOTS:
         QCOMPARE(f.test.app.tree(slot).count(), 9);
         QVERIFY(f.test.app.tree(slot).find("DEVICE21\\PAGE1") != 0);
         QCOMPARE(f.frame->document_window(0)->tree()->model()->rowCount(), 3);
+    }
+
+    void merge_appends_the_files_devices_to_the_tree_and_shows_its_status()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        const QString path = QString::fromStdString((f.test.home.path() / "two.kcf").string());
+        f.test.ui.queue_answer(("file:" + path).toStdString());
+        f.frame->entry("muSaveas")->trigger();
+        f.frame->entry("muNew")->trigger();
+        const int slot = f.frame->document_window(1)->slot();
+        f.test.take_lines();
+        f.test.ui.queue_answer(("file:" + path).toStdString());
+        f.frame->entry("muMerge")->trigger();
+        QCOMPARE(f.test.ui.dialogs.back().title, std::string("Merge"));
+        QCOMPARE(QString::fromStdString(f.test.take_lines().at(0)), QString("status \"2 devices merged, 0 steps dropped\""));
+        QCOMPARE(f.test.app.tree(slot).count(), 9);
+        QCOMPARE(f.frame->document_window(1)->tree()->model()->rowCount(), 3);
+        f.frame->update_commands();
+        QVERIFY(f.frame->button("undo")->isEnabled());
+        f.frame->entry("muUndo")->trigger();
+        QCOMPARE(f.test.app.tree(slot).count(), 3);
     }
 
     void print_overview_offers_the_print_dialog_and_cancel_prints_nothing()
