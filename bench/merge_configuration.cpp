@@ -23,20 +23,13 @@
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
 #include "platform/posix_file_store.h"
-#include "quiet_launcher.h"
+#include "bench_host.h"
 
 namespace {
 
 using namespace tesselo;
 
-KeyPlace hard(int device, int key)
-{
-    KeyPlace place;
-    place.kind = kind_hard;
-    place.device = device;
-    place.hard_entry = device * hardkeys_per_device + key;
-    return place;
-}
+KeyPlace hard(int device, int key) { return bench::hard_key_place(device, key); }
 
 // Gives each of the devices of the active document, rows `first` on, four
 // labelled soft keys and four hard keys with five steps each (an RC5 code, a
@@ -83,20 +76,11 @@ void program_devices(Application& app, int slot, int first)
     }
 }
 
-struct BenchMerge {
-    std::filesystem::path home = std::filesystem::temp_directory_path() / "tesselo-bench-merge";
-    std::ostringstream out;
-    ScriptedUi ui{out};
-    VirtualClock clock;
-    bench::QuietLauncher launcher;
-    PosixFileStore files;
-    std::unique_ptr<Application> app;
+struct BenchMerge : bench::BenchHost {
     std::string file;
 
-    BenchMerge(int file_devices, int document_devices)
+    BenchMerge(int file_devices, int document_devices) : BenchHost("tesselo-bench-merge")
     {
-        std::filesystem::create_directories(home);
-        app = std::make_unique<Application>(ui, clock, launcher, files, home);
         muNew(*app);
         for (int i = 0; i < file_devices; ++i) AddDevice(*app, add_ordinary);
         program_devices(*app, 0, 1);
@@ -109,7 +93,6 @@ struct BenchMerge {
         program_devices(*app, 0, 1);
         out.str("");
     }
-    ~BenchMerge() { std::filesystem::remove_all(home); }
 };
 
 void BM_Merge64DevicesInto60(benchmark::State& state)
