@@ -19,6 +19,7 @@
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"
 #include "core/tree/device_clipboard.h"
+#include "core/tree/edit_state.h"
 #include "core/tree/journal.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/tree_model.h"
@@ -91,11 +92,16 @@ void BM_PasteDeviceOf40Pages(benchmark::State& state)
 {
     BenchApp b;
     b.select(b.big);
-    copy_devicepage(*b.app);
+    if (!copy_devicepage(*b.app)) state.SkipWithError("the copy was refused");
+    if (!paste_devicepage(*b.app)) state.SkipWithError(("the paste was refused: " + b.out.str()).c_str());
+    muUndo_Click(*b.app);
+    b.app->edit_state().clipboard_kind = clipboard_device;
     for (auto _ : state) {
         paste_devicepage(*b.app);
         state.PauseTiming();
         muUndo_Click(*b.app);
+        // Undo empties the clipboard's kind; the buffer itself stays filled.
+        b.app->edit_state().clipboard_kind = clipboard_device;
         state.ResumeTiming();
     }
 }

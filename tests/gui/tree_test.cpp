@@ -1,4 +1,8 @@
 #include <QAction>
+#include <QApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMimeData>
 #include <QMenu>
 #include <QStandardItemModel>
 #include <QtTest>
@@ -215,6 +219,71 @@ private Q_SLOTS:
                  QString("Device properties: DEVICE1"));
         QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11\\PAGE1"));
         QVERIFY(f.frame->properties_window()->findChild<QWidget*>("noproperties")->isVisible());
+    }
+
+    void devices_and_pages_dragged_in_one_tree_and_onto_another_document()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        f.frame->entry("muNew")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        mainform* first = f.frame->document_window(0);
+        mainform* second = f.frame->document_window(1);
+        QVERIFY(first && second);
+        const auto drop_on = [&](mainform* form, const std::string& target, int slot, const QString& key) {
+            const QModelIndex index = form->index_of(f.test.app.tree(form->slot()).find(target));
+            const QPoint at = form->tree()->visualRect(index).center();
+            std::unique_ptr<QMimeData> mime(mainform::node_drag_mime(slot, key));
+            QDragEnterEvent enter(at, Qt::CopyAction, mime.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(form->tree()->viewport(), &enter);
+            QDragMoveEvent move(at, Qt::CopyAction, mime.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(form->tree()->viewport(), &move);
+            const bool allowed = move.isAccepted();
+            QDropEvent drop(at, Qt::CopyAction, mime.get(), Qt::LeftButton, {});
+            QApplication::sendEvent(form->tree()->viewport(), &drop);
+            return allowed;
+        };
+        // A device dropped on itself is copied to the end of its tree.
+        QVERIFY(drop_on(first, "DEVICE11", 0, "DEVICE11"));
+        QCOMPARE(shown_tree(first).mid(3), QStringList({"DEVICE1", "  DEVICE1 PROPERTIES", "  PAGE1", "DEVICE2",
+                                                        "  DEVICE2 PROPERTIES", "  PAGE1", "DEVICE1",
+                                                        "  DEVICE1 PROPERTIES", "  PAGE1"}));
+        // HOME refuses; a page dropped on the other document's device is copied there,
+        // and the other document's window came forward as the pointer entered its tree.
+        QVERIFY(!drop_on(second, "HOME2", 0, "DEVICE11\\PAGE1"));
+        QVERIFY(drop_on(second, "DEVICE12", 0, "DEVICE11\\PAGE1"));
+        auto* sub = qobject_cast<QMdiSubWindow*>(second->parentWidget());
+        QVERIFY(sub && sub->mdiArea()->activeSubWindow() == sub);
+        QCOMPARE(shown_tree(second).mid(3), QStringList({"DEVICE1", "  DEVICE1 PROPERTIES", "  PAGE1", "  PAGE2"}));
+        QCOMPARE(f.test.app.tree(0).count(), 12);
+        save_screenshot(f.frame.get(), "tree_drag_across_documents");
+    }
+
+    void move_up_and_hide_from_the_keys_and_the_popup()
+    {
+        FrameFixture f;
+        f.frame->entry("muNew")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        f.frame->entry("muInsertdevice")->trigger();
+        mainform* form = f.frame->document_window(0);
+        QVERIFY(click_tree_node(*f.frame, 0, "DEVICE21"));
+        QTest::keyClick(form->tree(), Qt::Key_Up, Qt::ControlModifier);
+        QCOMPARE(shown_tree(form).mid(3, 4), QStringList({"DEVICE2", "  DEVICE2 PROPERTIES", "  PAGE1", "DEVICE1"}));
+        QVERIFY(click_tree_node(*f.frame, 0, "DEVICE11"));
+        std::unique_ptr<QMenu> menu(form->build_popup_menu());
+        QAction* hide = nullptr;
+        for (QAction* a : menu->actions())
+            if (a->text() == "Hide Device") hide = a;
+        QVERIFY(hide && hide->isEnabled());
+        hide->trigger();
+        QVERIFY(shown_tree(form).contains("[DEVICE1]"));
+        QVERIFY(popup_items(form).contains("[Hide Device]"));
+        save_screenshot(form, "tree_moved_and_hidden");
+        // Edit > Undo takes the hiding back.
+        f.frame->entry("muUndo")->trigger();
+        QVERIFY(!shown_tree(form).contains("[DEVICE1]"));
     }
 };
 

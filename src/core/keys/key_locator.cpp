@@ -9,20 +9,6 @@ namespace tesselo {
 
 namespace {
 
-int page_row_of_key(const Configuration& config, const std::string& page_key)
-{
-    for (int p = 0; p < page_rows; ++p)
-        if (config.page_table[static_cast<std::size_t>(p)].node_key == page_key) return p;
-    return -1;
-}
-
-int device_pages_row_of_key(const Configuration& config, const std::string& page_key)
-{
-    for (int r = 0; r < device_page_rows; ++r)
-        if (config.device_pages[static_cast<std::size_t>(r)].node_key == page_key) return r;
-    return -1;
-}
-
 const std::array<SoftKey, softkeys_per_page>* page_slots(const Configuration& config, const KeyPlace& place)
 {
     if (place.page_slots_row < 0) return nullptr;
@@ -49,7 +35,7 @@ std::optional<KeyPlace> locate_page(const Configuration& config, const std::stri
         if (place.page_row >= home_page_rows) return std::nullopt;
         place.page_slots_row = place.page_row;
     } else {
-        place.page_slots_row = device_pages_row_of_key(config, page_key);
+        place.page_slots_row = page_slots_row_of_key(config, page_key);
         if (place.page_slots_row < 0) return std::nullopt;
     }
     return place;

@@ -15,20 +15,6 @@ namespace {
 
 std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
-int page_row_of_key(const Configuration& config, const std::string& key)
-{
-    for (int row = 0; row < page_rows; ++row)
-        if (config.page_table[at(row)].node_key == key) return row;
-    return -1;
-}
-
-int slots_row_of_key(const Configuration& config, const std::string& key)
-{
-    for (int row = 0; row < device_page_rows; ++row)
-        if (config.device_pages[at(row)].node_key == key) return row;
-    return -1;
-}
-
 bool valid_label(std::int32_t label) { return label >= 0 && label < softkey_label_rows; }
 
 // A right-side slot gets a label row of its own; the page's own slot 0 only
@@ -56,7 +42,7 @@ int drop_links(KeyClipRecord& r)
 bool copy_pagebuffer(const Configuration& config, const std::string& page_key, int slot, PageBuffer& buffer)
 {
     const int page_row = page_row_of_key(config, page_key);
-    const int slots_row = slots_row_of_key(config, page_key);
+    const int slots_row = page_slots_row_of_key(config, page_key);
     if (page_row < 0 || slots_row < 0) return false;
     buffer.slot_count = std::min<int>(config.page_table[at(page_row)].key_count, softkeys_per_page);
     for (int s = 0; s < softkeys_per_page; ++s) {

@@ -77,27 +77,13 @@ void select_after_removal(Application& app, int slot, const std::string& previou
     click_node(app, slot, tree.valid(node) ? node : 1);
 }
 
-int page_row_of_key(const Configuration& config, const std::string& key)
-{
-    for (int row = 0; row < page_rows; ++row)
-        if (config.page_table[at(row)].node_key == key) return row;
-    return -1;
-}
-
-int slots_row_of_key(const Configuration& config, const std::string& key)
-{
-    for (int row = 0; row < device_page_rows; ++row)
-        if (config.device_pages[at(row)].node_key == key) return row;
-    return -1;
-}
-
 // Fills the new page `page_node` from a page buffer.
 void fill_new_page(Application& app, int slot, int page_node, const PageBuffer& buffer)
 {
     Configuration& config = app.config(slot);
     const std::string& key = app.tree(slot).node(page_node).key;
     const int page_row = page_row_of_key(config, key);
-    const int slots_row = slots_row_of_key(config, key);
+    const int slots_row = page_slots_row_of_key(config, key);
     if (page_row >= 0 && slots_row >= 0) fill_page_from_buffer(config, page_row, slots_row, buffer);
 }
 

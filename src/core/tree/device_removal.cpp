@@ -68,13 +68,6 @@ void empty_page_row(Configuration& config, const std::string& page_key)
     }
 }
 
-int page_row_of_key(const Configuration& config, const std::string& key)
-{
-    for (int row = 0; row < page_rows; ++row)
-        if (config.page_table[at(row)].node_key == key) return row;
-    return -1;
-}
-
 // The HOME slots in their order across the HOME pages: slot 1 of a page
 // follows the last slot of the page before.
 struct HomePlace {

@@ -65,6 +65,22 @@ int device_row_of_key(const Configuration& config, const std::string& key)
     return -1;
 }
 
+int page_row_of_key(const Configuration& config, const std::string& key)
+{
+    if (key.empty()) return -1;
+    for (int row = 0; row < page_rows; ++row)
+        if (config.page_table[static_cast<std::size_t>(row)].node_key == key) return row;
+    return -1;
+}
+
+int page_slots_row_of_key(const Configuration& config, const std::string& key)
+{
+    if (key.empty()) return -1;
+    for (int row = 0; row < device_page_rows; ++row)
+        if (config.device_pages[static_cast<std::size_t>(row)].node_key == key) return row;
+    return -1;
+}
+
 bool tree_fits_tables(const Configuration& config)
 {
     const int h = config.device_table[0].page_count;

@@ -53,6 +53,10 @@ bool open_page(Application& app, int slot, int index);
 
 // The device row of a device node's key, or -1.
 int device_row_of_key(const Configuration& config, const std::string& key);
+// The page_table entry of a page node's key, or -1.
+int page_row_of_key(const Configuration& config, const std::string& key);
+// The device_pages row of a device page's node key, or -1.
+int page_slots_row_of_key(const Configuration& config, const std::string& key);
 // The number of devices: the soft keys of the HOME pages minus the pages.
 int device_count(const Configuration& config);
 // The first page of device row `row` in page_table: the pages of the rows before it.
