@@ -43,16 +43,17 @@ void key_file_pages(Configuration& merged, int devices)
     }
 }
 
-// Whether the page at `place` of device `device` of the file has a key at `position`.
-bool file_has_soft_key(const Configuration& merged, int device, int place, int position)
+// The soft key slot at `position` of the page at `place` of device row `device`.
+const SoftKey* soft_key_at(const Configuration& config, int device, int place, int position)
 {
-    const int entry = pages_before(merged, device) + place;
-    const int row = entry - merged.device_table[0].page_count;
-    if (row < 0 || row >= device_page_rows || entry >= page_rows) return false;
-    const int used = std::min<int>(merged.page_table[at(entry)].key_count, softkeys_per_page);
+    const int entry = pages_before(config, device) + place;
+    if (entry < 0 || entry >= page_rows) return nullptr;
+    const int row = page_slots_row_of_key(config, config.page_table[at(entry)].node_key);
+    if (row < 0) return nullptr;
+    const int used = std::min<int>(config.page_table[at(entry)].key_count, softkeys_per_page);
     for (int s = 0; s < used; ++s)
-        if (merged.device_pages[at(row)].slots[at(s)].position == position) return true;
-    return false;
+        if (config.device_pages[at(row)].slots[at(s)].position == position) return &config.device_pages[at(row)].slots[at(s)];
+    return nullptr;
 }
 
 // Whether a jump or link of the file reaches a device, page and key of the file.
@@ -64,7 +65,7 @@ bool reaches_file_device(const Configuration& merged, int devices, std::uint8_t 
     const int pages = merged.device_table[at(device)].page_count;
     if (type == step_jump) return place < pages;
     if (place == free_byte) return value >= 1 && value <= hardkeys_per_device;
-    return place < pages && file_has_soft_key(merged, device, place, extra);
+    return place < pages && soft_key_at(merged, device, place, extra) != nullptr;
 }
 
 void renumber_record(const Configuration& merged, int devices, int devices_before, KeyClipRecord& r, int& dropped)
@@ -81,22 +82,6 @@ void renumber_record(const Configuration& merged, int devices, int devices_befor
         }
         device = static_cast<std::uint8_t>(device + devices_before);
     }
-}
-
-// The soft key slot at `position` of the page at `place` of device row `device`.
-const SoftKey* soft_key_at(const Configuration& config, int device, int place, int position)
-{
-    const int entry = pages_before(config, device) + place;
-    if (entry < 0 || entry >= page_rows) return nullptr;
-    const std::string& key = config.page_table[at(entry)].node_key;
-    for (const DevicePage& page : config.device_pages) {
-        if (key.empty() || page.node_key != key) continue;
-        const int used = std::min<int>(config.page_table[at(entry)].key_count, softkeys_per_page);
-        for (int s = 0; s < used; ++s)
-            if (page.slots[at(s)].position == position) return &page.slots[at(s)];
-        return nullptr;
-    }
-    return nullptr;
 }
 
 void renumber_list(Configuration& config, std::int32_t list, int first_row, int last_row)
@@ -167,10 +152,10 @@ void renumber_merged_soft_links(Configuration& config, int first_row, int last_r
             renumber_list(config, config.hardkeys[at(d * hardkeys_per_device + k)].action_list, first_row, last_row);
         const int first = pages_before(config, d);
         for (int p = 0; p < config.device_table[at(d)].page_count && first + p < page_rows; ++p) {
-            const std::string& key = config.page_table[at(first + p)].node_key;
-            for (const DevicePage& page : config.device_pages)
-                if (!key.empty() && page.node_key == key)
-                    for (const SoftKey& soft : page.slots) renumber_list(config, soft.action_list, first_row, last_row);
+            const int row = page_slots_row_of_key(config, config.page_table[at(first + p)].node_key);
+            if (row < 0) continue;
+            for (const SoftKey& soft : config.device_pages[at(row)].slots)
+                renumber_list(config, soft.action_list, first_row, last_row);
         }
     }
 }
