@@ -26,26 +26,17 @@
 #include "core/tree/tree_moves.h"
 #include "core/tree/tree_view.h"
 #include "platform/posix_file_store.h"
-#include "quiet_launcher.h"
+#include "bench_host.h"
 
 namespace {
 
 using namespace tesselo;
 
-struct BenchApp {
-    std::filesystem::path home = std::filesystem::temp_directory_path() / "tesselo-bench-device-clipboard";
-    std::ostringstream out;
-    ScriptedUi ui{out};
-    VirtualClock clock;
-    bench::QuietLauncher launcher;
-    PosixFileStore files;
-    std::unique_ptr<Application> app;
+struct BenchApp : bench::BenchHost {
     const std::string big = "DEVICE411";
 
-    BenchApp()
+    BenchApp() : BenchHost("tesselo-bench-device-clipboard")
     {
-        std::filesystem::create_directories(home);
-        app = std::make_unique<Application>(ui, clock, launcher, files, home);
         muNew(*app);
         for (int i = 0; i < 41; ++i) AddDevice(*app, add_ordinary);
         Configuration& c = app->config(0);
@@ -68,7 +59,6 @@ struct BenchApp {
         }
         out.str("");
     }
-    ~BenchApp() { std::filesystem::remove_all(home); }
     void select(const std::string& key) { click_node(*app, 0, app->tree(0).find(key)); }
 };
 

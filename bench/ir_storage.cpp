@@ -16,7 +16,7 @@
 #include "core/ir/my_database_forms.h"
 #include "core/ir/my_database_store.h"
 #include "platform/posix_file_store.h"
-#include "quiet_launcher.h"
+#include "bench_host.h"
 
 namespace {
 
@@ -59,19 +59,9 @@ BENCHMARK(BM_FindTheLastOf7999Records)->Unit(benchmark::kMicrosecond);
 
 // An application whose My Database holds 10,000 codes: 10 brands of 10
 // devices of 10 models of 10 functions. Made once, in a scratch folder.
-struct BigMyDatabase {
-    fs::path home = fs::temp_directory_path() / ("tesselo-bench-mydb-" + std::to_string(std::random_device{}()));
-    std::ostringstream out;
-    ScriptedUi ui{out};
-    VirtualClock clock;
-    bench::QuietLauncher launcher;
-    PosixFileStore files;
-    std::unique_ptr<Application> app;
-
-    BigMyDatabase()
+struct BigMyDatabase : bench::BenchHost {
+    BigMyDatabase() : BenchHost("tesselo-bench-mydb")
     {
-        fs::create_directories(home);
-        app = std::make_unique<Application>(ui, clock, launcher, files, home);
         MyDatabaseStore& store = app->my_database();
         for (int b = 0; b < 10; ++b) {
             const int brand = store.add_mydata_name(level_brand, "BRAND" + std::to_string(b), 0);
@@ -86,11 +76,6 @@ struct BigMyDatabase {
                 }
             }
         }
-    }
-    ~BigMyDatabase()
-    {
-        std::error_code ec;
-        fs::remove_all(home, ec);
     }
 };
 

@@ -13,20 +13,14 @@
 #include "core/keys/key_removal.h"
 #include "core/keys/key_selection.h"
 #include "core/keys/step_chain.h"
+#include "bench_host.h"
 #include "full_configuration.h"
 
 namespace {
 
 using namespace tesselo;
 
-KeyPlace hard(int device, int key)
-{
-    KeyPlace place;
-    place.kind = kind_hard;
-    place.device = device;
-    place.hard_entry = device * hardkeys_per_device + key;
-    return place;
-}
+KeyPlace hard(int device, int key) { return bench::hard_key_place(device, key); }
 
 // The full document with its device names, 960 learned codes, 7800 steps in
 // lists of 39, and on hard key 0 of device 1 a key of 20 RC5 codes and 20

@@ -18,7 +18,7 @@
 #include "core/tree/adding.h"
 #include "core/tree/journal.h"
 #include "platform/posix_file_store.h"
-#include "quiet_launcher.h"
+#include "bench_host.h"
 
 namespace {
 
@@ -26,24 +26,13 @@ using namespace tesselo;
 
 // An application in a folder of its own, with one new document of
 // `devices` devices.
-struct BenchApp {
-    std::filesystem::path home = std::filesystem::temp_directory_path() / "tesselo-bench";
-    std::ostringstream out;
-    ScriptedUi ui{out};
-    VirtualClock clock;
-    bench::QuietLauncher launcher;
-    PosixFileStore files;
-    std::unique_ptr<Application> app;
-
-    explicit BenchApp(int devices)
+struct BenchApp : bench::BenchHost {
+    explicit BenchApp(int devices) : BenchHost("tesselo-bench")
     {
-        std::filesystem::create_directories(home);
-        app = std::make_unique<Application>(ui, clock, launcher, files, home);
         muNew(*app);
         for (int i = 0; i < devices; ++i) AddDevice(*app, add_ordinary);
         out.str("");
     }
-    ~BenchApp() { std::filesystem::remove_all(home); }
 };
 
 void BM_RecordUndorecord(benchmark::State& state)

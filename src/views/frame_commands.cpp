@@ -15,6 +15,7 @@ const std::vector<MenuDefinition>& frame_menus()
              {"muFilebar1", nullptr, ""},
              {"muSave", "&Save Configuration", "Ctrl+S"},
              {"muSaveas", "Save Configuration &as", "Ctrl+Shift+S"},
+             {"muPrintOverview", "&Print Overview...", "Ctrl+P"},
              {"muFilebar2", nullptr, ""},
              {"muDownload", "&Download", ""},
              {"muUpload", "&Upload", ""},

@@ -15,6 +15,7 @@
 
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
+#include "core/document/restore_default.h"
 #include "core/document/ui.h"
 #include "core/link/clock_sync.h"
 #include "core/link/download.h"
@@ -24,6 +25,7 @@
 #include "core/tree/adding.h"
 #include "core/tree/edit_state.h"
 #include "core/tree/journal.h"
+#include "core/tree/merge_configuration.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/popup_menu.h"
 #include "core/tree/selection.h"
@@ -121,6 +123,7 @@ void MDIForm1::register_commands()
     commands_["muClose"] = [this] { close_document(app_, app_.active_document()); };
     commands_["muSave"] = [this] { muSave(app_); };
     commands_["muSaveas"] = [this] { muSaveas(app_); };
+    commands_["muPrintOverview"] = [this] { muPrintOverview_Click(); };
     commands_["muExit"] = [this] { close(); };
     commands_["muStandardToolbar"] = [this] { Toolbar1->setVisible(entry("muStandardToolbar")->isChecked()); };
     commands_["muStatusBar"] = [this] { statusBar()->setVisible(entry("muStatusBar")->isChecked()); };
@@ -129,6 +132,8 @@ void MDIForm1::register_commands()
         if (const Document* doc = app_.active()) close_pages(doc->slot);
     };
     commands_["muSimulator"] = [this] { muSimulator(app_); };
+    commands_["muRestore"] = [this] { muRestore(app_); };
+    commands_["muMerge"] = [this] { muMerge(app_); };
     commands_["muCascade"] = [this] { arrange(Arrangement::cascade); };
     commands_["muTileHor"] = [this] { arrange(Arrangement::tile_horizontally); };
     commands_["muTileVer"] = [this] { arrange(Arrangement::tile_vertically); };
@@ -253,7 +258,8 @@ bool MDIForm1::command_enabled(const QString& command) const
     };
     static const QStringList on_document = {"muClose",     "muSave",        "muSaveas",       "muOpenAll",
                                             "muCloseAll",  "muSimulator",   "muExpandall",    "muCollapseall",
-                                            "muproperties", "muInsertdevice"};
+                                            "muproperties", "muInsertdevice", "muRestore", "muPrintOverview",
+                                            "muMerge"};
     // An upload keeps its own entry and Upload's button still.
     if (app.flags().upload_in_progress && command == "muUpload") return false;
     if (command == "muDownload") return has_document;

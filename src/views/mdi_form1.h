@@ -18,6 +18,7 @@ class QAction;
 class QLabel;
 class QMdiArea;
 class QMenu;
+class QPagedPaintDevice;
 class QProgressBar;
 class QToolBar;
 
@@ -75,6 +76,13 @@ public:
     QMenu* build_key_menu();
     // A drop of a dragged key on picture `index` of a page window.
     void key_dropped(Remote* window, int index, const KeyDragData& source);
+
+    // File > Print Overview...: the print dialog (a printer, or a PDF file),
+    // then the overview of the active document.
+    void muPrintOverview_Click();
+    // Draws the active document's overview on a printer or PDF writer that
+    // is set up already. False when nothing was drawn.
+    bool print_overview(QPagedPaintDevice& device);
 
     // Hands over files given to a second start of the program.
     void open_files(const QStringList& paths);

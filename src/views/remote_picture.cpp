@@ -28,6 +28,54 @@ QRectF pixels(const TwipRect& r)
 
 }  // namespace
 
+QSizeF lcd_panel_size() { return pixels(lcd_panel_rect()).size(); }
+
+void draw_lcd_panel(QPainter& p, const QRectF& panel)
+{
+    p.save();
+    p.setPen(QPen(QColor(0x20, 0x24, 0x2A), 2));
+    p.setBrush(QColor(0x26, 0x2A, 0x31));
+    p.drawRoundedRect(panel.adjusted(-3, -3, 3, 3), 4, 4);
+    QLinearGradient glass(panel.topLeft(), panel.bottomLeft());
+    glass.setColorAt(0, lcd_back.lighter(108));
+    glass.setColorAt(1, lcd_back.darker(106));
+    p.setPen(Qt::NoPen);
+    p.setBrush(glass);
+    p.drawRect(panel);
+    // The title row stands apart from the keys' rows.
+    p.setPen(QPen(QColor(0x1F, 0x2A, 0x1A, 90), 1));
+    const qreal rule = panel.top() + pixels(lcd_row_rect(1)).top() + 2;
+    p.drawLine(QPointF(panel.left() + 3, rule), QPointF(panel.right() - 3, rule));
+    p.restore();
+}
+
+QRectF lcd_row_box(const QRectF& panel, int row)
+{
+    // Each row is drawn in the top of its place: the glyphs are one row of dots high.
+    const QRectF r = pixels(lcd_row_rect(row)).translated(panel.topLeft());
+    return {r.left() + 1, r.top(), r.width() - 1, 15};
+}
+
+void draw_lcd_row(QPainter& p, const QRectF& box, const LcdRow& row)
+{
+    // A row with two keys shares its width between them.
+    if (row.has_left && row.has_right) {
+        const QRectF left(box.left(), box.top(), box.width() / 2, box.height());
+        const QRectF right(box.center().x(), box.top(), box.width() / 2, box.height());
+        draw_glyphs(p, left, row.left, row.left.glyph_count(), align_left, lcd_ink, 1.0);
+        draw_glyphs(p, right, row.right, row.right.glyph_count(), align_right, lcd_ink, 1.0);
+        return;
+    }
+    if (row.has_right) draw_glyphs(p, box, row.right, row.right.glyph_count(), row.right.alignment(), lcd_ink, 1.0);
+    if (row.has_left) draw_glyphs(p, box, row.left, row.left.glyph_count(), row.left.alignment(), lcd_ink, 1.0);
+}
+
+void draw_display(QPainter& p, const QRectF& panel, const std::array<LcdRow, lcd_rows>& rows)
+{
+    draw_lcd_panel(p, panel);
+    for (int row = 0; row < lcd_rows; ++row) draw_lcd_row(p, lcd_row_box(panel, row), rows[static_cast<std::size_t>(row)]);
+}
+
 LcdRowBox::LcdRowBox(int row, QWidget* parent) : QWidget(parent), row_number_(row)
 {
     setObjectName("labelRichText1");
@@ -38,17 +86,7 @@ LcdRowBox::LcdRowBox(int row, QWidget* parent) : QWidget(parent), row_number_(ro
 void LcdRowBox::paintEvent(QPaintEvent*)
 {
     QPainter p(this);
-    const QRectF box = rect();
-    // A row with two keys shares its width between them.
-    if (row_.has_left && row_.has_right) {
-        const QRectF left(box.left(), box.top(), box.width() / 2, box.height());
-        const QRectF right(box.center().x(), box.top(), box.width() / 2, box.height());
-        draw_glyphs(p, left, row_.left, row_.left.glyph_count(), align_left, lcd_ink, 1.0);
-        draw_glyphs(p, right, row_.right, row_.right.glyph_count(), align_right, lcd_ink, 1.0);
-        return;
-    }
-    if (row_.has_right) draw_glyphs(p, box, row_.right, row_.right.glyph_count(), row_.right.alignment(), lcd_ink, 1.0);
-    if (row_.has_left) draw_glyphs(p, box, row_.left, row_.left.glyph_count(), row_.left.alignment(), lcd_ink, 1.0);
+    draw_lcd_row(p, rect(), row_);
 }
 
 RemotePicture::RemotePicture(QWidget* parent) : QWidget(parent)
@@ -63,9 +101,7 @@ RemotePicture::RemotePicture(QWidget* parent) : QWidget(parent)
     const QRectF panel = to_pixels(lcd_panel_rect());
     for (int row = 0; row < lcd_rows; ++row) {
         auto* box = new LcdRowBox(row, this);
-        // Each box is drawn in the top of its place: the glyphs are one row of dots high.
-        const QRectF r = pixels(lcd_row_rect(row)).translated(panel.topLeft());
-        box->setGeometry(QRectF(r.left() + 1, r.top(), r.width() - 1, 15).toRect());
+        box->setGeometry(lcd_row_box(panel, row).toRect());
         labelRichText1[static_cast<std::size_t>(row)] = box;
     }
     pagelabel = new QLabel(this);
@@ -121,20 +157,7 @@ void RemotePicture::paintEvent(QPaintEvent*)
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     draw_remote_body(p, to_pixels(remote_body_rect()));
-    const QRectF panel = to_pixels(lcd_panel_rect());
-    p.setPen(QPen(QColor(0x20, 0x24, 0x2A), 2));
-    p.setBrush(QColor(0x26, 0x2A, 0x31));
-    p.drawRoundedRect(panel.adjusted(-3, -3, 3, 3), 4, 4);
-    QLinearGradient glass(panel.topLeft(), panel.bottomLeft());
-    glass.setColorAt(0, lcd_back.lighter(108));
-    glass.setColorAt(1, lcd_back.darker(106));
-    p.setPen(Qt::NoPen);
-    p.setBrush(glass);
-    p.drawRect(panel);
-    // The title row stands apart from the keys' rows.
-    p.setPen(QPen(QColor(0x1F, 0x2A, 0x1A, 90), 1));
-    const qreal rule = panel.top() + to_pixels(lcd_row_rect(1)).top() - 2;
-    p.drawLine(QPointF(panel.left() + 3, rule), QPointF(panel.right() - 3, rule));
+    draw_lcd_panel(p, to_pixels(lcd_panel_rect()));
 
     const int selected = selected_picture();
     for (int i = 0; i < key_picture_count; ++i) {

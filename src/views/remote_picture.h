@@ -3,13 +3,26 @@
 #include <array>
 #include <functional>
 
+#include <QRectF>
 #include <QWidget>
 
 #include "core/keys/page_canvas.h"
 
 class QLabel;
+class QPainter;
 
 namespace tesselo {
+
+// The remote's display, drawn with any painter (a window, a printed page),
+// in the picture's pixels: the panel with its frame and glass and the rule
+// below the title row; the place of LCD row `row`'s glyphs in the panel;
+// one row's labels; and the whole display with its six rows.
+void draw_lcd_panel(QPainter& painter, const QRectF& panel);
+QRectF lcd_row_box(const QRectF& panel, int row);
+void draw_lcd_row(QPainter& painter, const QRectF& box, const LcdRow& row);
+void draw_display(QPainter& painter, const QRectF& panel, const std::array<LcdRow, lcd_rows>& rows);
+// The size of the display's panel, in the picture's pixels.
+QSizeF lcd_panel_size();
 
 // One LCD row of the display: its soft keys' labels drawn as glyphs.
 class LcdRowBox : public QWidget {

@@ -41,10 +41,11 @@ private Q_SLOTS:
         };
         const QList<Expected> expected = {
             {"muFile",
-             {"muNew", "muOpen", "muMerge", "muClose", "muFilebar1", "muSave", "muSaveas", "muFilebar2", "muDownload",
-              "muUpload", "muFilebar3", "muExit"},
+             {"muNew", "muOpen", "muMerge", "muClose", "muFilebar1", "muSave", "muSaveas", "muPrintOverview",
+              "muFilebar2", "muDownload", "muUpload", "muFilebar3", "muExit"},
              {"&New Configuration", "&Open Configuration", "&Merge Configuration", "&Close Configuration", "-",
-              "&Save Configuration", "Save Configuration &as", "-", "&Download", "&Upload", "-", "E&xit"}},
+              "&Save Configuration", "Save Configuration &as", "&Print Overview...", "-", "&Download", "&Upload", "-",
+              "E&xit"}},
             {"muEdit",
              {"muUndo", "muRedo", "muFilebar4", "muCut", "muCopy", "muPaste", "muDelete", "muFilebar5", "muMoveUp",
               "muMoveDown"},

@@ -10,6 +10,7 @@ void add_all_commands(CLI::App& app, const GlobalOptions& options, CommandRun& r
     add_link_commands(app, options, run);
     add_ir_commands(app, options, run);
     add_simulate_command(app, options, run);
+    add_overview_command(app, options, run);
 }
 
 }  // namespace tesselo::cli

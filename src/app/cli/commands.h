@@ -33,6 +33,12 @@ void add_script_command(CLI::App& app, const GlobalOptions& options, CommandRun&
 void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_simulate_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_overview_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+
+// The --on-fault option of the commands that open a file: how the error
+// window is answered (cancel, keep or correct).
+void on_fault_option(CLI::App* cmd, std::string& on_fault);
+
 // Every command of the program, each family in turn.
 void add_all_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 

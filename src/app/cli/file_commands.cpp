@@ -22,24 +22,10 @@ struct FileArgs {
     std::string on_fault = "cancel";
 };
 
-// Opens FILE with the error window answered as --on-fault says. The
-// document, or the exit status as a negative number.
-int open_for_command(CliContext& ctx, const FileArgs& args)
-{
-    std::vector<std::uint8_t> bytes;
-    if (!read_input_file(args.file, bytes)) return -exit_usage;
-    if (args.on_fault == "cancel") ctx.ui.queue_answer("giveup");
-    else ctx.ui.queue_answer("continue");
-    ctx.ui.queue_answer(args.on_fault == "correct" ? "yes" : "no");
-    const int document = open_image(ctx.app, args.file, std::move(bytes));
-    if (document >= 0) return document;
-    return ctx.app.open_state().file_corrupted ? -exit_usage : -exit_refused;
-}
-
 int command_dump(const GlobalOptions& options, const FileArgs& args)
 {
     auto ctx = make_context(options, std::cerr);
-    const int document = open_for_command(*ctx, args);
+    const int document = open_input_document(*ctx, args.file, args.on_fault);
     if (document < 0) return -document;
     std::cout << document_json(ctx->app, document).dump() << '\n';
     return exit_done;
@@ -48,7 +34,7 @@ int command_dump(const GlobalOptions& options, const FileArgs& args)
 int command_tree(const GlobalOptions& options, const FileArgs& args)
 {
     auto ctx = make_context(options, std::cerr);
-    const int document = open_for_command(*ctx, args);
+    const int document = open_input_document(*ctx, args.file, args.on_fault);
     if (document < 0) return -document;
     print_tree(ctx->app, ctx->app.documents()[static_cast<std::size_t>(document)].slot, std::cout);
     return exit_done;
@@ -57,7 +43,7 @@ int command_tree(const GlobalOptions& options, const FileArgs& args)
 int command_resave(const GlobalOptions& options, const FileArgs& args)
 {
     auto ctx = make_context(options);
-    const int document = open_for_command(*ctx, args);
+    const int document = open_input_document(*ctx, args.file, args.on_fault);
     if (document < 0) return -document;
     ctx->ui.clear_answers();
     ctx->ui.queue_answer("file:" + args.out);
@@ -91,13 +77,13 @@ int command_check(const FileArgs& args)
     return found ? exit_refused : exit_done;
 }
 
-void on_fault_option(CLI::App* cmd, FileArgs& args)
+}  // namespace
+
+void on_fault_option(CLI::App* cmd, std::string& on_fault)
 {
-    cmd->add_option("--on-fault", args.on_fault, "answers the error window: cancel, keep or correct")
+    cmd->add_option("--on-fault", on_fault, "answers the error window: cancel, keep or correct")
         ->check(CLI::IsMember({"cancel", "keep", "correct"}));
 }
-
-}  // namespace
 
 void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run)
 {
@@ -105,12 +91,12 @@ void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& 
 
     auto* dump = app.add_subcommand("dump");
     dump->add_option("FILE", args->file, "a .kcf file")->required();
-    on_fault_option(dump, *args);
+    on_fault_option(dump, args->on_fault);
     dump->callback([&options, &run, args] { run = [&options, args] { return command_dump(options, *args); }; });
 
     auto* tree = app.add_subcommand("tree");
     tree->add_option("FILE", args->file, "a .kcf file")->required();
-    on_fault_option(tree, *args);
+    on_fault_option(tree, args->on_fault);
     tree->callback([&options, &run, args] { run = [&options, args] { return command_tree(options, *args); }; });
 
     auto* check = app.add_subcommand("check");
@@ -120,7 +106,7 @@ void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& 
     auto* resave = app.add_subcommand("resave");
     resave->add_option("IN", args->file, "a .kcf file")->required();
     resave->add_option("OUT", args->out, "the file to write")->required();
-    on_fault_option(resave, *args);
+    on_fault_option(resave, args->on_fault);
     resave->callback([&options, &run, args] { run = [&options, args] { return command_resave(options, *args); }; });
 }
 

@@ -98,6 +98,9 @@ const std::vector<HelpEntry>& command_help()
         {"library code CODESET KEYINDEX",
          "the key's count, format and data lines, as ir encode prints them; exit 1 for a code set or key that the "
          "library does not have, 2 when the home folder holds no library"},
+        {"overview FILE OUT [--on-fault cancel|keep|correct]",
+         "opens FILE as Open does and writes its overview to OUT as a PDF file on A4 sheets, drawn offscreen (no "
+         "display needed); OUT is written whole or not at all (\"Unable to write OUT\" and why, exit 1)"},
         {"simulate FILE [SCRIPT]",
          "runs FILE (a .kcf file or temp.trl) as the remote runs it, without a remote and without a window, with "
          "the gestures of SCRIPT ('-' or none: standard input); see Simulator gestures"},

@@ -2,6 +2,8 @@
 
 #include "app/cli/script_runner.h"
 #include "core/document/lifecycle.h"
+#include "core/document/restore_default.h"
+#include "core/tree/merge_configuration.h"
 
 namespace tesselo::cli {
 
@@ -35,6 +37,15 @@ void add_document_operations(ScriptOperations& ops)
     ops["close"] = [](CliContext& ctx, const ScriptArgs& args) {
         if (!args.empty() || !ctx.app.active()) return LineResult::bad_line;
         return refused_unless(close_document(ctx.app, ctx.app.active_document()));
+    };
+    ops["merge"] = [](CliContext& ctx, const ScriptArgs& args) {
+        if (args.size() != 1 || !ctx.app.active()) return LineResult::bad_line;
+        ctx.ui.queue_answer_first("file:" + args[0]);
+        return refused_unless(muMerge(ctx.app) >= 0);
+    };
+    ops["restore"] = [](CliContext& ctx, const ScriptArgs& args) {
+        if (!args.empty() || !ctx.app.active()) return LineResult::bad_line;
+        return refused_unless(muRestore(ctx.app));
     };
     ops["activate"] = [](CliContext& ctx, const ScriptArgs& args) {
         if (args.size() != 1 || !is_slot_number(args[0])) return LineResult::bad_line;

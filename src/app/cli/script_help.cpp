@@ -11,6 +11,8 @@ const std::vector<HelpEntry>& script_operation_help()
         {"open PATH", "File > Open Configuration with PATH chosen"},
         {"save / save-as PATH", "File > Save Configuration / Save Configuration as"},
         {"close", "closes the active document (its question answered from the queue)"},
+        {"merge PATH", "File > Merge Configuration with PATH chosen; prints the status line"},
+        {"restore", "Tools > Restore Default Configuration, its question answered from the queue"},
         {"activate SLOT", "makes the window of document slot SLOT (0 to 9) the active one"},
         {"answer WORD...",
          "queues answers for the next questions and dialogs, in order: yes, no, cancel, ok, continue and giveup "

@@ -31,10 +31,9 @@ bool save_document(Application& app, int document, const std::string& path)
     return save_tofile(app, path, 0, app.documents()[static_cast<std::size_t>(document)].slot);
 }
 
-// The selection is cleared when a document closes: a key chosen in it, or a
-// step row opened for editing, must not lead the next step into whatever
-// document takes its slot. The tree selection of another document stays.
-void clear_selection(Application& app, int slot)
+}  // namespace
+
+void clear_document_selection(Application& app, int slot)
 {
     app.key_selection.clear();
     app.key_error.key_error_shown = false;
@@ -44,8 +43,6 @@ void clear_selection(Application& app, int slot)
     if (tree.slot == slot) tree.clear();
     app.notify([slot](ApplicationListener& l) { l.selection_changed(slot); });
 }
-
-}  // namespace
 
 std::string document_display_name(const std::string& title)
 {
@@ -131,7 +128,7 @@ bool close_document(Application& app, int document)
         views_back();
         return false;
     }
-    clear_selection(app, slot);
+    clear_document_selection(app, slot);
     app.write_log("close file " + name);
     app.remove_document(document);
     return true;

@@ -38,6 +38,12 @@ void muSimulator(Application& app);
 // Opens the user guide.
 void open_pdf(Application& app);
 
+// Clears the selection when a document's content goes (a close, a restore):
+// a key chosen in it, or a step row opened for editing, must not lead the
+// next step into whatever takes its place. The tree selection of another
+// document stays.
+void clear_document_selection(Application& app, int slot);
+
 // The title's name as the close question shows it.
 std::string document_display_name(const std::string& title);
 

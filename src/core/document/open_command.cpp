@@ -41,15 +41,7 @@ int load_checked(Application& app, const std::string& path, std::vector<std::uin
 {
     Ui& ui = app.ui();
     OpenState& state = app.open_state();
-    std::vector<std::string> rows;
-    state.corruption_flag = corruption_none;
-    if (check_image(buffer, state.error_list, rows)) {
-        ErrorWindow(app, rows);
-        if (state.corruption_flag == corruption_cancelled) {
-            state.corruption_flag = corruption_none;
-            return -1;
-        }
-    }
+    if (!check_opened_image(app, buffer)) return -1;
     if (slots_in_use(app) > 9) {
         ui.message(title_files, "Exceed files open", Icon::exclamation);
         state.corruption_flag = corruption_none;
@@ -75,32 +67,58 @@ int load_checked(Application& app, const std::string& path, std::vector<std::uin
     return document;
 }
 
-int file_is_corrupted(Application& app)
+}  // namespace
+
+bool check_opened_image(Application& app, const std::vector<std::uint8_t>& buffer)
+{
+    OpenState& state = app.open_state();
+    std::vector<std::string> rows;
+    state.corruption_flag = corruption_none;
+    if (check_image(buffer, state.error_list, rows)) {
+        ErrorWindow(app, rows);
+        if (state.corruption_flag == corruption_cancelled) {
+            state.corruption_flag = corruption_none;
+            return false;
+        }
+    }
+    return true;
+}
+
+void file_is_corrupted(Application& app)
 {
     app.open_state().corruption_flag = corruption_none;
     app.open_state().file_corrupted = true;
     app.ui().message(title_files, "file is corrupted", Icon::exclamation);
-    return -1;
 }
 
-}  // namespace
-
-int open_image(Application& app, const std::string& path, std::vector<std::uint8_t> buffer)
+bool read_or_corrupted(Application& app, const std::function<void()>& read)
 {
     app.open_state().file_corrupted = false;
     try {
-        return load_checked(app, path, buffer);
+        read();
+        return true;
     } catch (const ImageBoundsError&) {
     } catch (const std::bad_alloc&) {
     } catch (const std::runtime_error&) {
     }
-    return file_is_corrupted(app);
+    file_is_corrupted(app);
+    return false;
+}
+
+int open_image(Application& app, const std::string& path, std::vector<std::uint8_t> buffer)
+{
+    int document = -1;
+    read_or_corrupted(app, [&] { document = load_checked(app, path, buffer); });
+    return document;
 }
 
 int open_configuration(Application& app, const std::string& path)
 {
     std::vector<std::uint8_t> buffer;
-    if (read_image_file(path, buffer)) return file_is_corrupted(app);
+    if (read_image_file(path, buffer)) {
+        file_is_corrupted(app);
+        return -1;
+    }
     return open_image(app, path, std::move(buffer));
 }
 

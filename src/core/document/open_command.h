@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,17 @@ inline const std::string error_window_question = "Do you wish to continue?";
 // user's choice: 2 to go on, 1 to give up (also when the window is closed by
 // its frame, unless it held a 2 already).
 void ErrorWindow(Application& app, const std::vector<std::string>& rows);
+
+// The check that Open and Merge run on a file's bytes before they read
+// them: check_image, and ErrorWindow with the faults it found. False when
+// the user gave up. Throws ImageBoundsError for bytes that are no image.
+bool check_opened_image(Application& app, const std::vector<std::uint8_t>& buffer);
+
+// Runs `read` (the check and the read of a file) and turns a file that is no
+// image, or too big to hold, into "file is corrupted". False then.
+bool read_or_corrupted(Application& app, const std::function<void()>& read);
+// "file is corrupted", and the open state that remembers it.
+void file_is_corrupted(Application& app);
 
 // File > Open Configuration: asks for a file, checks it, and loads it into a
 // new document. Returns the document, or -1 when nothing was opened. Any

@@ -324,9 +324,14 @@ void commit_image(Application& app, Configuration& loaded, int slot)
             auto_correction(app, slot);
     }
     state.corruption_flag = corruption_none;
+    learned_code_durations(config);
+    addtotreeview(app, slot);
+}
+
+void learned_code_durations(Configuration& config)
+{
     for (auto& step : config.action_steps.steps)
         if (step.step_type == step_learning && step.value == 0) step.value = 3000;
-    addtotreeview(app, slot);
 }
 
 void datatoarray(Application& app, std::vector<std::uint8_t>& buffer, int slot)

@@ -46,6 +46,9 @@ void read_image_tables(std::vector<std::uint8_t>& buffer, Configuration& config,
 std::unique_ptr<Configuration> load_image(std::vector<std::uint8_t>& buffer, int slot,
                                           const std::function<void(int)>& progress = {});
 
+// A learned code of a duration 0 lasts 3000.
+void learned_code_durations(Configuration& config);
+
 // The end of datatoarray on loaded tables: they become the slot's, the
 // corrupted points are deleted when the user chose to go on and wants it,
 // learned codes get their duration, and the tree is built.

@@ -127,6 +127,13 @@ int label_rows_needed(const PageBuffer& buffer)
     return rows;
 }
 
+int label_rows_needed(const DeviceBuffer& buffer)
+{
+    int rows = 1;  // the HOME key's name
+    for (const auto& page : buffer.pages) rows += label_rows_needed(page);
+    return rows;
+}
+
 int label_rows_free(const Configuration& config)
 {
     return static_cast<int>(std::count_if(config.softkey_labels.begin(), config.softkey_labels.end(),

@@ -62,8 +62,10 @@ int drop_foreign_links(DeviceBuffer& buffer, bool foreign);
 // dropped, learned codes, IR records and formats.
 void add_paste_needs(const Configuration& config, const PageBuffer& buffer, PasteNeeds& needs);
 void add_paste_needs(const Configuration& config, const DeviceBuffer& buffer, PasteNeeds& needs);
-// The label rows a paste of the buffer takes: one per slot on the right side.
+// The label rows a paste of the buffer takes: one per slot on the right side;
+// for a device, its HOME key's name too.
 int label_rows_needed(const PageBuffer& buffer);
+int label_rows_needed(const DeviceBuffer& buffer);
 // The label rows still free in the document.
 int label_rows_free(const Configuration& config);
 

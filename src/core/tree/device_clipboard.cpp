@@ -198,6 +198,32 @@ bool paste_devicepage(Application& app)
     return true;
 }
 
+bool room_for_devices(Application& app, int slot, int devices, int pages, int labels)
+{
+    const Configuration& config = app.config(slot);
+    return count_allpages(app.tree(slot)) + pages <= 127 && device_count(config) + devices <= max_devices &&
+           labels <= label_rows_free(config);
+}
+
+int add_device_from_buffer(Application& app, int slot, const DeviceBuffer& buffer)
+{
+    Configuration& config = app.config(slot);
+    TreeModel& tree = app.tree(slot);
+    AddDevice(app, add_device_paste, &buffer.name);
+    const int row = device_count(config);
+    const int node = tree.find(config.device_name_table[at(row)].node_key);
+    if (node == 0) return 0;
+    for (const PageBuffer& page : buffer.pages) {
+        const int page_node = addpage(app, add_page_paste, node);
+        if (page_node == 0) break;
+        fill_new_page(app, slot, page_node, page);
+    }
+    fill_hardkeys_from_buffer(config, row, buffer);
+    // A pasted device is never hidden.
+    config.device_table[at(row)].hidden = 0;
+    return row;
+}
+
 bool paste_device(Application& app)
 {
     const Document* doc = app.active();
@@ -207,10 +233,7 @@ bool paste_device(Application& app)
     Configuration& config = app.config(slot);
     TreeModel& tree = app.tree(slot);
     DeviceBuffer buffer = app.clipboards().device_buffer;
-    const int pages = static_cast<int>(buffer.pages.size());
-    int labels = 1;  // the HOME key's name
-    for (const auto& page : buffer.pages) labels += label_rows_needed(page);
-    if (count_allpages(tree) + pages > 127 || device_count(config) >= max_devices || labels > label_rows_free(config)) {
+    if (!room_for_devices(app, slot, 1, static_cast<int>(buffer.pages.size()), label_rows_needed(buffer))) {
         app.ui().message(title_alt, exceed_devices_pages, Icon::exclamation);
         return false;
     }
@@ -222,21 +245,12 @@ bool paste_device(Application& app)
 
     app.write_log("paste device(start) - " + caption);
     begin_edit(app);
-    AddDevice(app, add_device_paste, &buffer.name);
-    const int row = device_count(config);
-    const int node = tree.find(config.device_name_table[at(row)].node_key);
-    if (node == 0) return false;
-    for (const PageBuffer& page : buffer.pages) {
-        const int page_node = addpage(app, add_page_paste, node);
-        if (page_node == 0) break;
-        fill_new_page(app, slot, page_node, page);
-    }
-    fill_hardkeys_from_buffer(config, row, buffer);
-    // A pasted device is never hidden.
-    config.device_table[at(row)].hidden = 0;
+    const int row = add_device_from_buffer(app, slot, buffer);
+    if (row == 0) return false;
     update_softtable(app, slot);
     app.notify([slot](ApplicationListener& l) { l.tree_changed(slot); });
-    app.write_log("paste device " + tree.node(node).text + " - " + caption);
+    app.write_log("paste device " + tree.node(tree.find(config.device_name_table[at(row)].node_key)).text + " - " +
+                  caption);
     return true;
 }
 

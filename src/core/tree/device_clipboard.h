@@ -3,6 +3,7 @@
 namespace tesselo {
 
 class Application;
+struct DeviceBuffer;
 struct TreeCommands;
 
 // The clipboard kinds of the tree's content.
@@ -28,6 +29,16 @@ bool cut_devicepage(Application& app, int mode);
 bool paste_devicepage(Application& app);
 // paste_device: a new device from the clipboard behind all others.
 bool paste_device(Application& app);
+
+// Whether `devices` new devices with `pages` pages in all, taking `labels`
+// label rows, have room in the document of `slot`: at most 128 devices, 127
+// pages, and the label rows free.
+bool room_for_devices(Application& app, int slot, int devices, int pages, int labels);
+// The road of a pasted device: behind all others in the active document
+// (`slot`), AddDevice in its paste mode, each page of the buffer filled, the
+// 41 hard keys and the settings; the device is not hidden. The caller has
+// checked every limit and journalled. The new device's row, or 0.
+int add_device_from_buffer(Application& app, int slot, const DeviceBuffer& buffer);
 
 // Installs Cut, Copy, Paste, Delete, Move Up, Move Down, Hide Device and
 // Hide Page as the tree's operations.

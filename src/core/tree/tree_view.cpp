@@ -263,6 +263,17 @@ void sync_page_windows(Application& app, int slot)
     }
 }
 
+void close_page_windows(Application& app, int slot)
+{
+    auto& windows = app.page_windows().all();
+    for (int w = static_cast<int>(windows.size()) - 1; w >= 0; --w) {
+        if (windows[static_cast<std::size_t>(w)].slot != slot) continue;
+        const std::string caption = windows[static_cast<std::size_t>(w)].caption;
+        app.page_windows().remove(w);
+        app.notify([slot, &caption](ApplicationListener& l) { l.page_window_closed(slot, caption); });
+    }
+}
+
 void displaytreeview_devicename(Application& app, int slot, const std::string& key)
 {
     TreeSelection& s = app.selection();

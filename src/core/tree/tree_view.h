@@ -28,6 +28,9 @@ void rebuild_tree_from_tables(Application& app, int slot);
 // and draws the others again from the restored tables.
 void sync_page_windows(Application& app, int slot);
 
+// Closes every Remote window of `slot`, from the last opened to the first.
+void close_page_windows(Application& app, int slot);
+
 // The page counters of the open Remote windows of `slot` whose caption
 // begins with `caption_prefix`: their first three characters kept, then "/"
 // and `total` in three digits.
