@@ -188,6 +188,11 @@ std::vector<fs::path> documents()
 
 TEST(DocExamples, EveryConsoleBlockDoesWhatItsTextSays)
 {
+#ifndef TESSELO_WITH_WINDOWS
+    // The manuals show the programs as they are built with Qt: without it
+    // tesselo-cli has no overview.
+    GTEST_SKIP() << "tesselo-cli is built without Qt";
+#endif
     int blocks = 0;
     for (const fs::path& document : documents()) {
         const auto found = console_blocks(document);
