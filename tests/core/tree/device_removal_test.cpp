@@ -121,7 +121,9 @@ TEST_F(DeviceRemoval, DeletingADeviceRenumbersTheStepsIntoTheDevicesBehindIt)
     remove("DEVICE21");
     ASSERT_EQ(key_steps(0).size(), 1u);
     EXPECT_EQ(key_steps(0)[0].param_low, 2);
-    EXPECT_EQ(dvd_home_jump().param_low, 1);  // DEVICE1's HOME key is unchanged
+    // DEVICE1's HOME key is unchanged.
+    const SoftKey& first = c->home_pages[0].slots[1];
+    EXPECT_EQ(c->action_steps.steps[static_cast<std::size_t>(c->action_lists.entries[static_cast<std::size_t>(first.action_list)].first_step)].param_low, 1);
     EXPECT_EQ(c->home_pages[0].node_key[2], dvd);
     const SoftKey& moved = c->home_pages[0].slots[2];
     EXPECT_EQ(c->action_steps.steps[static_cast<std::size_t>(c->action_lists.entries[static_cast<std::size_t>(moved.action_list)].first_step)].param_low, 2);
