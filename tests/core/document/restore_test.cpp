@@ -59,7 +59,7 @@ struct RestoreTest : testing::TreeTest {
     std::vector<std::uint8_t> image() { return build_image(config()); }
 };
 
-// The image and the learned-key tail of Part 1.4's new content in this slot.
+// The image and the learned-key tail of a new Configuration's content in this slot.
 std::vector<std::uint8_t> new_configuration_image(int slot)
 {
     auto fresh = std::make_unique<Configuration>();
