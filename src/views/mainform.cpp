@@ -212,12 +212,8 @@ bool mainform::drop_node(const QMimeData* mime, const QPoint& pos)
 
 void mainform::start_drag()
 {
-    const TreeModel& tree = app_.tree(slot_);
-    if (!tree.valid(drag_source_)) return;
-    const TreeNode& n = tree.node(drag_source_);
-    // HOME and its nodes, and properties nodes, are not dragged.
-    if (n.image == image_home || n.key.rfind("HOME", 0) == 0 || !(is_device_image(n.image) || is_page_image(n.image)))
-        return;
+    if (!tree_drag_starts(app_, slot_, drag_source_)) return;
+    const TreeNode& n = app_.tree(slot_).node(drag_source_);
     app_.selection().drag_source = n.key;
     auto* drag = new QDrag(this);
     drag->setMimeData(node_drag_mime(slot_, QString::fromStdString(n.key)));

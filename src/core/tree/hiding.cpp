@@ -90,9 +90,7 @@ bool hide_page(Application& app)
     const std::string device_key = tree.node(n.parent).key;
     const std::string device_text = tree.node(n.parent).text;
     const int row = device_row_of_key(config, device_key);
-    int entry = -1;
-    for (int e = 0; e < page_rows && entry < 0; ++e)
-        if (config.page_table[at(e)].node_key == n.key) entry = e;
+    const int entry = page_row_of_key(config, n.key);
     if (row < 1 || entry < 0) return false;
     const bool hide = n.image == image_page;
     begin_edit(app);

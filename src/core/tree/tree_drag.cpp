@@ -24,6 +24,15 @@ bool activate_slot(Application& app, int slot)
 
 }  // namespace
 
+bool tree_drag_starts(Application& app, int slot, int node)
+{
+    if (slot < 0 || slot >= document_slots || app.document_of_slot(slot) < 0) return false;
+    const TreeModel& tree = app.tree(slot);
+    if (!tree.valid(node)) return false;
+    const TreeNode& n = tree.node(node);
+    return !is_home_node(n) && (is_page_image(n.image) || is_device_image(n.image));
+}
+
 bool tree_drop_allowed(Application& app, int target_slot, int target_node)
 {
     if (target_slot < 0 || target_slot >= document_slots || app.document_of_slot(target_slot) < 0) return false;
@@ -33,12 +42,9 @@ bool tree_drop_allowed(Application& app, int target_slot, int target_node)
 
 bool drag_treeview(Application& app, int source_slot, int source_node, int target_slot, int target_node)
 {
-    if (source_slot < 0 || source_slot >= document_slots || app.document_of_slot(source_slot) < 0) return false;
-    const TreeModel& source = app.tree(source_slot);
-    if (!source.valid(source_node)) return false;
-    const TreeNode& n = source.node(source_node);
+    if (!tree_drag_starts(app, source_slot, source_node)) return false;
+    const TreeNode& n = app.tree(source_slot).node(source_node);
     const bool page = is_page_image(n.image);
-    if (is_home_node(n) || (!page && !is_device_image(n.image))) return false;
     if (!tree_drop_allowed(app, target_slot, target_node)) return false;
 
     const std::string kind = page ? "Drag treeview(page) " : "Drag treeview(device) ";

@@ -4,6 +4,10 @@ namespace tesselo {
 
 class Application;
 
+// Whether node `node` of the tree of `slot` starts a drag: a device or a
+// page of a device; HOME, its pages and properties nodes do not drag.
+bool tree_drag_starts(Application& app, int slot, int node);
+
 // Whether a device or page dragged in a tree may be dropped on `target_node`
 // of the tree of `target_slot`: HOME and its pages refuse a drop.
 bool tree_drop_allowed(Application& app, int target_slot, int target_node);
