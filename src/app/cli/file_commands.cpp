@@ -11,6 +11,7 @@
 #include "core/image/image_check.h"
 #include "core/image/image_reader.h"
 #include "core/image/open_state.h"
+#include "core/tree/deep_check.h"
 
 namespace tesselo::cli {
 
@@ -20,6 +21,7 @@ struct FileArgs {
     std::string file;
     std::string out;
     std::string on_fault = "cancel";
+    bool deep = false;
 };
 
 int command_dump(const GlobalOptions& options, const FileArgs& args)
@@ -50,9 +52,22 @@ int command_resave(const GlobalOptions& options, const FileArgs& args)
     return muSaveas(ctx->app, document) ? exit_done : exit_refused;
 }
 
+// Every reference of the file opened that would play wrongly, one line each
+// in the tree's words; the number of lines.
+int deep_lines(const GlobalOptions& options, const std::string& file)
+{
+    auto ctx = make_context(options, std::cerr);
+    const int document = open_input_document(*ctx, file, "keep");
+    if (document < 0) return 0;
+    const auto lines = deep_check(ctx->app.config(ctx->app.documents()[static_cast<std::size_t>(document)].slot));
+    for (const auto& line : lines) std::cout << line << '\n';
+    return static_cast<int>(lines.size());
+}
+
 // The check, and then the reader's bounds as Open runs them: a file that
-// Open would call "file is corrupted" is never answered "no fault".
-int command_check(const FileArgs& args)
+// Open would call "file is corrupted" is never answered "no fault". With
+// --deep, the references of the opened file after it.
+int command_check(const GlobalOptions& options, const FileArgs& args)
 {
     std::vector<std::uint8_t> bytes;
     if (!read_input_file(args.file, bytes)) return exit_usage;
@@ -74,6 +89,7 @@ int command_check(const FileArgs& args)
         std::cout << static_cast<int>(r.error_type) << '\t' << r.first_index << '\t' << r.second_index << '\t'
                   << rows[static_cast<std::size_t>(i - 1)] << '\n';
     }
+    if (args.deep && deep_lines(options, args.file) > 0) found = true;
     return found ? exit_refused : exit_done;
 }
 
@@ -101,7 +117,8 @@ void add_file_commands(CLI::App& app, const GlobalOptions& options, CommandRun& 
 
     auto* check = app.add_subcommand("check");
     check->add_option("FILE", args->file, "a .kcf file")->required();
-    check->callback([&run, args] { run = [args] { return command_check(*args); }; });
+    check->add_flag("--deep", args->deep, "also every reference that would play wrongly");
+    check->callback([&options, &run, args] { run = [&options, args] { return command_check(options, *args); }; });
 
     auto* resave = app.add_subcommand("resave");
     resave->add_option("IN", args->file, "a .kcf file")->required();

@@ -68,9 +68,13 @@ const std::vector<HelpEntry>& command_help()
         {"info FILE",
          "the 25 header entries (entry_0 to entry_24), image_size, file_size and the counts devices, pages, "
          "soft_keys, steps, lists, ir_formats, ir_records and learned_codes, as name: value lines"},
-        {"check FILE",
+        {"check [--deep] FILE",
          "the integrity check that Open runs: one line per fault, TYPE<TAB>FIRST<TAB>SECOND<TAB>DEVICE/PAGEn/KEYn; "
-         "exit 0 with no fault, 1 with faults, 2 when the file cannot be read"},
+         "with --deep, then every reference of the opened file that would play wrongly (a jump or link naming "
+         "nothing or the wrong key, two HOME keys on one row, a list, label or learned code shared by two owners, "
+         "counts that differ from the rows in use, a left button without its right one, a punched key without its "
+         "owner), one line each in the tree's words, WHERE: WHAT; exit 0 with no fault, 1 with faults, 2 when the "
+         "file cannot be read"},
         {"dump FILE [--on-fault cancel|keep|correct]",
          "opens FILE as Open does and prints every table as one JSON object; --on-fault answers the error window: "
          "give up (cancel, the default), go on and keep the faults (keep), or go on and delete them (correct)"},
