@@ -86,13 +86,13 @@ TEST_F(CliLabels, TheKeysSwitches)
     EXPECT_EQ(j["punch_through"][36][1], 0xDF);
     EXPECT_EQ(j["hardkeys"][2 * 41 + 36]["action_list"], 65535);
     EXPECT_EQ(j["hardkeys"][2 * 41 + 36]["sleep_flag"], 0);
-    // Device 2's page: the right key that the left one needs, the left key, and row 3's key.
+    // Device 2's page: the left key in front of the right key that it needs, and row 3's key.
     const auto& page = j["device_pages"][1];
-    EXPECT_EQ(page["slots"][1]["position"], 2);
-    EXPECT_EQ(page["slots"][2]["position"], 130);
+    EXPECT_EQ(page["slots"][1]["position"], 130);
+    EXPECT_EQ(page["slots"][2]["position"], 2);
     EXPECT_EQ(page["slots"][3]["position"], 3);
     EXPECT_EQ(page["slots"][3]["key_state"], 1);
-    EXPECT_EQ(glyphs(j["softkey_labels"][page["slots"][2]["label_index"].get<std::size_t>()]), std::vector<int>{12});
+    EXPECT_EQ(glyphs(j["softkey_labels"][page["slots"][1]["label_index"].get<std::size_t>()]), std::vector<int>{12});
 }
 
 TEST_F(CliLabels, TheDevicesSettings)

@@ -85,9 +85,9 @@ public:
                 for (int a = 0; a < b; ++a) {
                     const SoftKey& early = keys[a];
                     const SoftKey& late = keys[b];
-                    // The two halves of a split key share their label.
+                    // The two halves of a split key may share their label, in either order.
                     if (late.label_index != no_index && early.label_index == late.label_index &&
-                        early.position != late.position + 128)
+                        early.position != late.position + 128 && late.position != early.position + 128)
                         add(error_shared_label, late.label_index, 0, words(device, page_in_device, b));
                 }
             for (int b = 1; b < count; ++b)
@@ -111,7 +111,10 @@ public:
             for (int s = 0; s < count && s < softkeys_per_page; ++s) {
                 const int position = slots[static_cast<std::size_t>(s)].position;
                 if (position <= 128) continue;
-                const bool partner = s + 1 < count && slots[static_cast<std::size_t>(s + 1)].position + 128 == position;
+                // The right button stands beside its left one: behind it, as the
+                // editor writes a split row, or in front of it, as older files have it.
+                const bool partner = (s + 1 < count && slots[static_cast<std::size_t>(s + 1)].position + 128 == position) ||
+                                     (s > 0 && slots[static_cast<std::size_t>(s - 1)].position + 128 == position);
                 if (!partner && !has(error_half_key, page_in_device, device))
                     add(error_half_key, page_in_device, device, words(device, page_in_device, s));
             }

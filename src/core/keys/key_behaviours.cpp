@@ -105,6 +105,48 @@ int punch_owner(const Configuration& config, int key)
     return owner == free_byte ? -1 : owner;
 }
 
+void renumber_punch_through(Configuration& config, const std::function<int(int)>& row_after)
+{
+    for (auto& entry : config.punch_through) {
+        if (entry[0] == free_byte) continue;
+        const int owner = row_after(entry[0]);
+        if (owner < 0) {
+            entry.fill(0);
+            entry[0] = free_byte;
+            continue;
+        }
+        const auto old = entry;
+        for (int d = 0; d < device_rows; ++d) {
+            const int to = row_after(d);
+            if (to < 0 || to >= device_rows) continue;
+            const bool bit = (old[punch_byte(d)] & punch_mask(d)) != 0;
+            auto& byte = entry[punch_byte(to)];
+            byte = static_cast<std::uint8_t>(bit ? byte | punch_mask(to) : byte & ~punch_mask(to));
+        }
+        entry[0] = static_cast<std::uint8_t>(owner);
+    }
+}
+
+void own_punch_through(Configuration& config, int key, int owner)
+{
+    if (key < 0 || key >= hardkeys_per_device || !valid_device(owner)) return;
+    auto& entry = config.punch_through[static_cast<std::size_t>(key)];
+    entry[0] = static_cast<std::uint8_t>(owner);
+    for (std::size_t b = 1; b < entry.size(); ++b) entry[b] = 0xFF;
+    for (int d : devices_in_use(config)) keep_own_steps_unpunched(config, d);
+}
+
+void keep_own_steps_unpunched(Configuration& config, int device)
+{
+    if (!valid_device(device)) return;
+    for (int k = 0; k < hardkeys_per_device; ++k) {
+        auto& entry = config.punch_through[static_cast<std::size_t>(k)];
+        if (entry[0] == free_byte || entry[0] == device) continue;
+        if (config.hardkeys[static_cast<std::size_t>(device * hardkeys_per_device + k)].action_list == no_index) continue;
+        entry[punch_byte(device)] = static_cast<std::uint8_t>(entry[punch_byte(device)] & ~punch_mask(device));
+    }
+}
+
 int check_hardsleepflag(const Configuration& config, int device, int key)
 {
     if (!valid_device(device) || key < 0 || key >= hardkeys_per_device) return 0;
@@ -158,18 +200,21 @@ bool add_left_softkey(Application& app, const KeyTarget& target)
     const int row = app.key_selection.row();
     auto left = locate_softkey(config, target.page_key, static_cast<std::uint8_t>(row + 128));
     auto right = locate_softkey(config, target.page_key, static_cast<std::uint8_t>(row));
-    if (!left || !right || left->home || left->slot >= 0) return false;
+    // The title row is one key across the display: it has no left button.
+    if (!left || !right || left->home || left->slot >= 0 || row == 0) return false;
     auto& page = config.page_table[static_cast<std::size_t>(left->page_row)];
     const int needed = right->slot < 0 ? 2 : 1;
     if (page.key_count + needed > softkeys_per_page || free_labels(config, needed) < needed) return false;
     begin_edit(app);
     if (right->slot < 0) make_softkey(config, *right);
+    // The left button stands in the slot in front of its right button, as the
+    // check of an opened file wants a split row.
     auto& slots = page_slots(config, *left);
-    for (int i = page.key_count - 1; i > right->slot; --i)
+    for (int i = page.key_count - 1; i >= right->slot; --i)
         slots[static_cast<std::size_t>(i + 1)] = slots[static_cast<std::size_t>(i)];
     const int label = search_softkeyno(config);
     config.softkey_labels[static_cast<std::size_t>(label)] = KeyLabel{};
-    slots[static_cast<std::size_t>(right->slot + 1)] = SoftKey{0, static_cast<std::uint8_t>(row + 128), label, no_index, 0};
+    slots[static_cast<std::size_t>(right->slot)] = SoftKey{0, static_cast<std::uint8_t>(row + 128), label, no_index, 0};
     page.key_count = static_cast<std::uint8_t>(page.key_count + 1);
     app.write_log("add left softkey " + key_log_names(app, target.page_key));
     refresh_page_key(app, target.slot, target.page_key, first_side_button + row * 2);

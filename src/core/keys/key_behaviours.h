@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "core/model/configuration.h"
@@ -25,6 +26,17 @@ bool check_punchthough(const Configuration& config, int key, int device);
 bool punch_bit(const Configuration& config, int key, int device);
 // The owner of a punched key, or -1.
 int punch_owner(const Configuration& config, int key);
+// Devices moved or went: each punched key's owner and bit set follow their
+// device rows. `row_after` gives a row's new number, -1 for a device that
+// went; a key whose owner went is punched no more.
+void renumber_punch_through(Configuration& config, const std::function<int(int)>& row_after);
+// Device row `owner` owns hard key `key` again (a pasted owner): every other
+// device plays the owner's action but a device whose key has steps of its
+// own, which keeps them.
+void own_punch_through(Configuration& config, int key, int owner);
+// A device row whose hard key has steps of its own is no longer punched
+// through there, so that the remote plays what the user sees.
+void keep_own_steps_unpunched(Configuration& config, int device);
 // The sleep_flag of hard key `key` of device row `device`.
 int check_hardsleepflag(const Configuration& config, int device, int key);
 
@@ -43,9 +55,10 @@ bool Check2_Click(Application& app, const KeyTarget& target, bool checked);
 // Check3, Link to Right side button, on a left button of a device's page:
 // clearing runs add_left_softkey, setting delete_left_softkey.
 bool Check3_Click(Application& app, const KeyTarget& target, bool checked);
-// The row gets a left key of its own, in the slot behind its right key (the
-// right key is made first where the row has none). False when the row has a
-// left key already, on HOME, or when the page or the label pool is full.
+// The row gets a left key of its own, in the slot in front of its right key
+// (the right key is made first where the row has none). False when the row
+// has a left key already, on the title row, on HOME, or when the page or the
+// label pool is full.
 bool add_left_softkey(Application& app, const KeyTarget& target);
 // The row's left key goes: its list, the links to it and its label entry are
 // freed and the slots behind it close up.

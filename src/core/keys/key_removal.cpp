@@ -1,5 +1,7 @@
 #include "core/keys/key_removal.h"
 
+#include <algorithm>
+
 #include "core/keys/key_locator.h"
 #include "core/keys/key_selection.h"
 #include "core/keys/step_chain.h"
@@ -44,9 +46,23 @@ bool remove_key(Configuration& config, const KeyPlace& place)
     free_list(config, key.action_list);
     Cut_Softlinkthiskey(config, device, static_cast<std::uint8_t>(place.page_row - pages_before(config, place.device)),
                         static_cast<std::uint16_t>(key.label_index));
+    const int used = std::min<int>(page.key_count, softkeys_per_page);
+    // The right button of a split row stays, emptied, while its left button
+    // stands: a left button never stands alone.
+    const bool split = !place.home && key.position > 0 && key.position < 128 &&
+                       std::any_of(slots.begin(), slots.begin() + used,
+                                   [&](const SoftKey& k) { return k.position == key.position + 128; });
+    if (split) {
+        if (key.label_index >= 0 && key.label_index < softkey_label_rows)
+            config.softkey_labels[at(key.label_index)] = KeyLabel{};
+        SoftKey& kept = slots[at(place.slot)];
+        kept.action_list = no_index;
+        kept.key_state = 0;
+        kept.key_flags = 0;
+        return true;
+    }
     if (key.label_index >= 0 && key.label_index < softkey_label_rows)
         config.softkey_labels[at(key.label_index)].bytes[0] = free_byte;
-    const int used = std::min<int>(page.key_count, softkeys_per_page);
     for (int i = place.slot; i + 1 < used; ++i) slots[at(i)] = slots[at(i + 1)];
     if (used > 0) slots[at(used - 1)] = SoftKey{0, 0, no_index, no_index, 0};
     if (page.key_count > 0) page.key_count = static_cast<std::uint8_t>(page.key_count - 1);

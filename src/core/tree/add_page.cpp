@@ -7,6 +7,7 @@
 #include "core/tree/journal.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/page_windows.h"
+#include "core/tree/link_repair.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
 
@@ -19,16 +20,13 @@ bool repoint_homejump(Application& app, int slot, int index, const std::string& 
         for (int s = 1; s < softkeys_per_page; ++s) {
             if (page.node_key[static_cast<std::size_t>(s)] != device) continue;
             const int list = page.slots[static_cast<std::size_t>(s)].action_list;
-            const int step = list >= 0 && list < action_list_rows
-                                 ? config.action_lists.entries[static_cast<std::size_t>(list)].first_step
-                                 : -1;
-            if (step < 0 || step >= action_step_rows || config.action_steps.step_total > action_steps_accepted) {
+            if (list < 0 || list >= action_list_rows || config.action_steps.step_total > action_steps_accepted) {
                 app.ui().message(title_main, "Exceed Marco steps", Icon::exclamation);
                 return false;
             }
-            auto& jump = config.action_steps.steps[static_cast<std::size_t>(step)];
-            jump.param_low = static_cast<std::uint8_t>(index);
-            jump.param_high = static_cast<std::uint8_t>(page_place < 0 ? 0 : page_place);
+            // The key's jump into its device; the user's other steps stay as they are.
+            if (ActionStep* jump = home_jump(config, list, index))
+                jump->param_high = static_cast<std::uint8_t>(page_place < 0 ? 0 : page_place);
             return true;
         }
     return true;

@@ -17,12 +17,13 @@ std::size_t at(int i) { return static_cast<std::size_t>(i); }
 
 bool valid_label(std::int32_t label) { return label >= 0 && label < softkey_label_rows; }
 
-// A right-side slot gets a label row of its own; the page's own slot 0 only
-// when it carried a label where it was copied.
-bool takes_label(const PageSlotClip& clip, int slot)
-{
-    return clip.position < 128 && (slot > 0 || valid_label(clip.label_index));
-}
+// Every key of a row, left or right, gets a label row of its own; the page's
+// own slot 0 only when it carried a label where it was copied.
+bool takes_label(const PageSlotClip& clip, int slot) { return slot > 0 || valid_label(clip.label_index); }
+
+// The order of a page's slots: by row, the left button in front of its right
+// one, so that a split row stays one pair.
+int slot_order(const PageSlotClip& clip) { return (clip.position & 0x7F) * 2 + (clip.position < 128 ? 1 : 0); }
 
 int drop_links(KeyClipRecord& r)
 {
@@ -44,6 +45,7 @@ bool copy_pagebuffer(const Configuration& config, const std::string& page_key, i
     const int page_row = page_row_of_key(config, page_key);
     const int slots_row = page_slots_row_of_key(config, page_key);
     if (page_row < 0 || slots_row < 0) return false;
+    buffer.page_key = page_key;
     buffer.slot_count = std::min<int>(config.page_table[at(page_row)].key_count, softkeys_per_page);
     for (int s = 0; s < softkeys_per_page; ++s) {
         PageSlotClip& clip = buffer.slots[at(s)];
@@ -60,6 +62,7 @@ bool copy_pagebuffer(const Configuration& config, const std::string& page_key, i
         else clip.record.clip_label.bytes[0] = free_byte;
         clip.record.clip_label_length = clip.record.clip_label.header();
         copy_list_record(config, key.action_list, clip.record);
+        note_targets(config, clip.record, clip.targets);
     }
     return true;
 }
@@ -68,6 +71,7 @@ bool copy_devicebuffer(const Configuration& config, int row, int slot, DeviceBuf
 {
     if (row < 1 || row > device_count(config) || row >= device_rows) return false;
     buffer.source_document = slot;
+    buffer.device_key = config.device_name_table[at(row)].node_key;
     buffer.name = config.device_name_table[at(row)].name;
     buffer.extra = config.device_extra[at(row)];
     const int first = pages_before(config, row);
@@ -84,10 +88,12 @@ bool copy_devicebuffer(const Configuration& config, int row, int slot, DeviceBuf
         clip.record.clip_label = config.hardkey_labels[at(entry)];
         clip.record.clip_label_length = clip.record.clip_label.header();
         copy_list_record(config, config.hardkeys[at(entry)].action_list, clip.record);
+        note_targets(config, clip.record, clip.targets);
         clip.index_count = config.hardkey_index[at(entry)].count;
         clip.index_reserved = config.hardkey_index[at(entry)].reserved;
         clip.sleep_flag = config.hardkeys[at(entry)].sleep_flag;
         clip.key_flags = config.hardkeys[at(entry)].key_flags;
+        buffer.punch_owned[at(k)] = config.punch_through[at(k)][0] == row;
     }
     return true;
 }
@@ -106,6 +112,22 @@ int drop_foreign_links(DeviceBuffer& buffer, bool foreign)
     int dropped = 0;
     for (auto& page : buffer.pages) dropped += drop_foreign_links(page, true);
     for (auto& key : buffer.hardkeys) dropped += drop_links(key.record);
+    return dropped;
+}
+
+int aim_buffer_targets(const Configuration& config, PageBuffer& buffer, const OwnPlaces& own)
+{
+    int dropped = 0;
+    for (int s = 0; s < buffer.slot_count; ++s)
+        dropped += aim_targets(config, buffer.slots[at(s)].record, buffer.slots[at(s)].targets, own);
+    return dropped;
+}
+
+int aim_buffer_targets(const Configuration& config, DeviceBuffer& buffer, const OwnPlaces& own)
+{
+    int dropped = 0;
+    for (auto& page : buffer.pages) dropped += aim_buffer_targets(config, page, own);
+    for (auto& key : buffer.hardkeys) dropped += aim_targets(config, key.record, key.targets, own);
     return dropped;
 }
 
@@ -145,11 +167,12 @@ void fill_page_from_buffer(Configuration& config, int page_row, int slots_row, c
 {
     const int count = std::clamp(buffer.slot_count, 1, softkeys_per_page);
     config.page_table[at(page_row)].key_count = static_cast<std::uint8_t>(count);
-    // The slots are taken in the order of their position bytes; slot 0 is the page's own.
+    // The slots are taken row by row, each split row as its pair; slot 0 is the page's own.
     std::array<int, softkeys_per_page> order{};
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin() + 1, order.begin() + count,
-                     [&](int a, int b) { return buffer.slots[at(a)].position < buffer.slots[at(b)].position; });
+    std::stable_sort(order.begin() + 1, order.begin() + count, [&](int a, int b) {
+        return slot_order(buffer.slots[at(a)]) < slot_order(buffer.slots[at(b)]);
+    });
     auto& slots = config.device_pages[at(slots_row)].slots;
     for (int i = 0; i < softkeys_per_page; ++i) {
         SoftKey& key = slots[at(i)];

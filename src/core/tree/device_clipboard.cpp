@@ -6,6 +6,7 @@
 #include "core/app/clipboards.h"
 #include "core/document/ui.h"
 #include "core/ir/edit_ir.h"
+#include "core/keys/key_behaviours.h"
 #include "core/keys/key_edit.h"
 #include "core/keys/step_commands.h"
 #include "core/model/configuration.h"
@@ -77,14 +78,18 @@ void select_after_removal(Application& app, int slot, const std::string& previou
     click_node(app, slot, tree.valid(node) ? node : 1);
 }
 
-// Fills the new page `page_node` from a page buffer.
-void fill_new_page(Application& app, int slot, int page_node, const PageBuffer& buffer)
+// Fills the new page `page_node` from a page buffer; each label row's move
+// is added to `moves`, and the lists the page's keys got to `lists`.
+void fill_new_page(Application& app, int slot, int page_node, const PageBuffer& buffer, std::vector<LabelMove>& moves,
+                   std::vector<std::int32_t>& lists)
 {
     Configuration& config = app.config(slot);
     const std::string& key = app.tree(slot).node(page_node).key;
     const int page_row = page_row_of_key(config, key);
     const int slots_row = page_slots_row_of_key(config, key);
-    if (page_row >= 0 && slots_row >= 0) fill_page_from_buffer(config, page_row, slots_row, buffer);
+    if (page_row < 0 || slots_row < 0) return;
+    fill_page_from_buffer(config, page_row, slots_row, buffer, &moves);
+    for (const SoftKey& k : config.device_pages[at(slots_row)].slots) lists.push_back(k.action_list);
 }
 
 }  // namespace
@@ -178,7 +183,18 @@ bool paste_devicepage(Application& app)
     if (device == 0) return false;
     Configuration& config = app.config(slot);
     PageBuffer buffer = app.clipboards().page_buffer;
-    drop_foreign_links(buffer, buffer.slots[0].record.clip_source_document != slot);
+    const bool foreign = buffer.slots[0].record.clip_source_document != slot;
+    drop_foreign_links(buffer, foreign);
+    // In its own document the page's jumps and links keep their targets, and
+    // those into the page itself, when it was cut, follow it behind the pages
+    // of the device it lands on.
+    OwnPlaces own;
+    if (!foreign) {
+        own.device_row = device_row_of_key(config, tree.node(device).key);
+        own.page_keys = {buffer.page_key};
+        own.page_places = {own.device_row > 0 ? config.device_table[at(own.device_row)].page_count : 0};
+        aim_buffer_targets(config, buffer, own);
+    }
     PasteNeeds needs;
     add_paste_needs(config, buffer, needs);
     if (refuse(app, needs.refusal(config, action_steps_accepted))) return false;
@@ -190,7 +206,10 @@ bool paste_devicepage(Application& app)
     begin_edit(app);
     const int page = addpage(app, add_page_paste, device);
     if (page == 0) return false;
-    fill_new_page(app, slot, page, buffer);
+    std::vector<LabelMove> moves;
+    std::vector<std::int32_t> lists;
+    fill_new_page(app, slot, page, buffer, moves, lists);
+    if (!foreign) relink_own_keys(config, lists, own, moves);
     const TreeModel& after = app.tree(slot);
     app.write_log("paste page " + after.node(after.node(page).parent).text + "/" + after.node(page).text + " - " +
                   doc->title);
@@ -205,7 +224,7 @@ bool room_for_devices(Application& app, int slot, int devices, int pages, int la
            labels <= label_rows_free(config);
 }
 
-int add_device_from_buffer(Application& app, int slot, const DeviceBuffer& buffer)
+int add_device_from_buffer(Application& app, int slot, const DeviceBuffer& buffer, const OwnPlaces* own)
 {
     Configuration& config = app.config(slot);
     TreeModel& tree = app.tree(slot);
@@ -213,14 +232,22 @@ int add_device_from_buffer(Application& app, int slot, const DeviceBuffer& buffe
     const int row = device_count(config);
     const int node = tree.find(config.device_name_table[at(row)].node_key);
     if (node == 0) return 0;
+    std::vector<LabelMove> moves;
+    std::vector<std::int32_t> lists;
     for (const PageBuffer& page : buffer.pages) {
         const int page_node = addpage(app, add_page_paste, node);
         if (page_node == 0) break;
-        fill_new_page(app, slot, page_node, page);
+        fill_new_page(app, slot, page_node, page, moves, lists);
     }
     fill_hardkeys_from_buffer(config, row, buffer);
+    if (own) {
+        for (int k = 0; k < hardkeys_per_device; ++k) lists.push_back(config.hardkeys[at(row * hardkeys_per_device + k)].action_list);
+        relink_own_keys(config, lists, *own, moves);
+    }
     // A pasted device is never hidden.
     config.device_table[at(row)].hidden = 0;
+    // Its hard keys with steps play them, where others are punched through.
+    keep_own_steps_unpunched(config, row);
     return row;
 }
 
@@ -237,7 +264,21 @@ bool paste_device(Application& app)
         app.ui().message(title_alt, exceed_devices_pages, Icon::exclamation);
         return false;
     }
-    drop_foreign_links(buffer, buffer.source_document != slot);
+    const bool foreign = buffer.source_document != slot;
+    drop_foreign_links(buffer, foreign);
+    // In its own document the device's jumps and links keep their targets,
+    // and those into the device itself, when it was cut, follow it to the
+    // row it lands on, the last.
+    OwnPlaces own;
+    if (!foreign) {
+        own.device_key = buffer.device_key;
+        own.device_row = device_count(config) + 1;
+        for (std::size_t p = 0; p < buffer.pages.size(); ++p) {
+            own.page_keys.push_back(buffer.pages[p].page_key);
+            own.page_places.push_back(static_cast<int>(p));
+        }
+        aim_buffer_targets(config, buffer, own);
+    }
     PasteNeeds needs;
     add_paste_needs(config, buffer, needs);
     needs.steps += 1;  // the HOME key's jump
@@ -245,8 +286,13 @@ bool paste_device(Application& app)
 
     app.write_log("paste device(start) - " + caption);
     begin_edit(app);
-    const int row = add_device_from_buffer(app, slot, buffer);
+    const int row = add_device_from_buffer(app, slot, buffer, foreign ? nullptr : &own);
     if (row == 0) return false;
+    // A key it owned as punched through in this document is its own again,
+    // where no other device took it since.
+    if (buffer.source_document == slot)
+        for (int k = 0; k < hardkeys_per_device; ++k)
+            if (buffer.punch_owned[at(k)] && config.punch_through[at(k)][0] == free_byte) own_punch_through(config, k, row);
     update_softtable(app, slot);
     app.notify([slot](ApplicationListener& l) { l.tree_changed(slot); });
     app.write_log("paste device " + tree.node(tree.find(config.device_name_table[at(row)].node_key)).text + " - " +

@@ -4,6 +4,7 @@ namespace tesselo {
 
 class Application;
 struct DeviceBuffer;
+struct OwnPlaces;
 struct TreeCommands;
 
 // The clipboard kinds of the tree's content.
@@ -37,8 +38,9 @@ bool room_for_devices(Application& app, int slot, int devices, int pages, int la
 // The road of a pasted device: behind all others in the active document
 // (`slot`), AddDevice in its paste mode, each page of the buffer filled, the
 // 41 hard keys and the settings; the device is not hidden. The caller has
-// checked every limit and journalled. The new device's row, or 0.
-int add_device_from_buffer(Application& app, int slot, const DeviceBuffer& buffer);
+// checked every limit and journalled. With `own`, links into the device
+// itself take the label rows its keys get. The new device's row, or 0.
+int add_device_from_buffer(Application& app, int slot, const DeviceBuffer& buffer, const OwnPlaces* own = nullptr);
 
 // Installs Cut, Copy, Paste, Delete, Move Up, Move Down, Hide Device and
 // Hide Page as the tree's operations.

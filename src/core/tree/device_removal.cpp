@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/app/application.h"
+#include "core/keys/key_behaviours.h"
 #include "core/keys/step_chain.h"
 #include "core/model/configuration.h"
 #include "core/tree/link_repair.h"
@@ -86,8 +87,9 @@ std::vector<HomePlace> home_places(const Configuration& config)
 }
 
 // The device's HOME key goes, and every HOME key behind it moves one place
-// forward in all its columns: a moved key keeps its position byte, so it
-// stays where it stood on its page.
+// forward in all its columns but the position: the places keep their rows,
+// so that no two keys of a HOME page stand on one row and the key moved
+// into a place shows where the place is.
 void close_home_gap(Configuration& config, const std::string& device_key)
 {
     const std::vector<HomePlace> places = home_places(config);
@@ -103,7 +105,9 @@ void close_home_gap(Configuration& config, const std::string& device_key)
     for (auto p = gone; p + 1 != places.end(); ++p) {
         HomePage& to = config.home_pages[at(p->page)];
         const HomePage& from = config.home_pages[at((p + 1)->page)];
+        const std::uint8_t position = to.slots[at(p->slot)].position;
         to.slots[at(p->slot)] = from.slots[at((p + 1)->slot)];
+        to.slots[at(p->slot)].position = position;
         to.node_index[at(p->slot)] = from.node_index[at((p + 1)->slot)];
         to.node_key[at(p->slot)] = from.node_key[at((p + 1)->slot)];
     }
@@ -127,6 +131,11 @@ void remove_empty_home_page(Application& app, int slot)
     app.tree(slot).remove(app.tree(slot).find(key));
     for (int i = h - 1; i + 1 < page_rows; ++i) config.page_table[at(i)] = config.page_table[at(i + 1)];
     config.page_table[at(page_rows - 1)] = PageEntry{};
+    // The page's own title key goes with it, its steps and label too.
+    SoftKey& title = config.home_pages[at(h - 1)].slots[0];
+    free_list(config, title.action_list);
+    if (title.label_index >= 0 && title.label_index < softkey_label_rows)
+        config.softkey_labels[at(title.label_index)].bytes[0] = free_byte;
     config.home_pages[at(h - 1)] = HomePage{};
     config.home_pages[at(h - 1)].slots.fill(free_slot);
     config.device_table[0].page_count = static_cast<std::uint8_t>(h - 1);
@@ -229,6 +238,7 @@ void delete_device(Application& app, int slot, const std::string& device_key)
     close_rows(config.hardkey_index, hard_from, hardkeys_per_device, hard_end);
 
     close_home_gap(config, device_key);
+    renumber_punch_through(config, [R](int d) { return d < R ? d : d == R ? -1 : d - 1; });
 
     // Jumps and links into the devices behind it follow their rows; the
     // step of each HOME key is one of them.
@@ -242,6 +252,7 @@ void delete_device(Application& app, int slot, const std::string& device_key)
     close_rows(config.device_extra, R, 1, devices + 1);
 
     remove_empty_home_page(app, slot);
+    follow_home_keys(config);
 
     const std::string prefix = device_key + "\\";
     close_windows(app, slot, [&prefix](const std::string& caption) { return caption.rfind(prefix, 0) == 0; });

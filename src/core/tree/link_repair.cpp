@@ -1,5 +1,6 @@
 #include "core/tree/link_repair.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "core/model/action_chain.h"
@@ -103,9 +104,6 @@ void cut_matching(Configuration& config, bool clear_high, Match match)
     remove_rows(config, rows, clear_high);
 }
 
-// The HOME page a device's HOME key stands on, as the jump home counts it.
-std::uint8_t home_page_of_device(int device) { return static_cast<std::uint8_t>(device < 6 ? 0 : device / 5); }
-
 }  // namespace
 
 void Cut_hardlinkthiskey(Configuration& config, std::uint8_t device, std::uint8_t key)
@@ -156,34 +154,40 @@ void Cut_marcojumplink(Configuration& config, std::uint8_t device, std::uint8_t 
             list_starting_at[static_cast<std::size_t>(e.first_step)] < 0)
             list_starting_at[static_cast<std::size_t>(e.first_step)] = static_cast<std::int16_t>(l);
     }
-    std::vector<char> home_list(action_list_rows, 0);
-    for (const auto& home : config.home_pages)
-        for (const auto& key : home.slots)
+    // The HOME page each HOME key's list stands on: a key sent home goes to
+    // the page it stands on.
+    std::vector<std::int16_t> home_page(action_list_rows, -1);
+    for (int r = 0; r < home_page_rows; ++r)
+        for (const auto& key : config.home_pages[static_cast<std::size_t>(r)].slots)
             if (key.action_list >= 0 && key.action_list < action_list_rows)
-                home_list[static_cast<std::size_t>(key.action_list)] = 1;
+                home_page[static_cast<std::size_t>(key.action_list)] = static_cast<std::int16_t>(r);
 
     const int base = pages_before(config, device);
     const int pages = device < device_rows ? config.device_table[device].page_count : 0;
+    const auto shown_page = [&](int p) {
+        return p != page && p < pages && base + p < page_rows && config.page_table[static_cast<std::size_t>(base + p)].hidden == 0;
+    };
+    int first_shown = -1;
+    for (int p = 0; p < pages && first_shown < 0; ++p)
+        if (shown_page(p)) first_shown = p;
     std::vector<int> rows;
     for (int row = 0; row < action_step_rows; ++row) {
         ActionStep& s = step_at(config, row);
         if (s.step_type != step_jump) continue;
         const int list = list_starting_at[static_cast<std::size_t>(row)];
-        if (list >= 0 && home_list[static_cast<std::size_t>(list)]) {
+        if (list >= 0 && home_page[static_cast<std::size_t>(list)] >= 0) {
             if (s.param_low != device) continue;
             // The lower numbers are lowered here; the remote only shows another start page.
             if (s.param_high < page && s.param_high != 0 && s.param_high != free_byte) {
                 --s.param_high;
+                // ... but never a hidden one while a shown page is there.
+                if (!shown_page(s.param_high) && first_shown >= 0) s.param_high = static_cast<std::uint8_t>(first_shown);
             } else if (s.param_high == page) {
-                int shown = -1;
-                for (int p = 0; p < pages && shown < 0; ++p)
-                    if (p != page && base + p < page_rows && config.page_table[static_cast<std::size_t>(base + p)].hidden == 0)
-                        shown = p;
-                if (shown >= 0) {
-                    s.param_high = static_cast<std::uint8_t>(shown);
+                if (first_shown >= 0) {
+                    s.param_high = static_cast<std::uint8_t>(first_shown);
                 } else {
                     s.param_low = 0;
-                    s.param_high = home_page_of_device(device);
+                    s.param_high = static_cast<std::uint8_t>(home_page[static_cast<std::size_t>(list)]);
                 }
             }
         } else if (s.param_low == device && s.param_high == page) {
@@ -214,15 +218,50 @@ void repoint_firstpage(Configuration& config, const std::string& device_key, int
     for (const auto& home : config.home_pages)
         for (int s = 0; s < softkeys_per_page; ++s) {
             if (home.node_key[static_cast<std::size_t>(s)] != device_key) continue;
-            const std::int32_t list = home.slots[static_cast<std::size_t>(s)].action_list;
-            if (list < 0 || list >= action_list_rows) return;
-            const auto& entry = config.action_lists.entries[static_cast<std::size_t>(list)];
-            if (entry.step_count == 0 || entry.first_step < 0 || entry.first_step >= action_step_rows) return;
-            ActionStep& step = step_at(config, entry.first_step);
-            step.param_low = static_cast<std::uint8_t>(device_row);
-            step.param_high = static_cast<std::uint8_t>(shown);
+            if (ActionStep* jump = home_jump(config, home.slots[static_cast<std::size_t>(s)].action_list, device_row))
+                jump->param_high = static_cast<std::uint8_t>(shown);
             return;
         }
+}
+
+ActionStep* home_jump(Configuration& config, std::int32_t list, int device_row)
+{
+    if (list < 0 || list >= action_list_rows || config.action_lists.entries[static_cast<std::size_t>(list)].step_count == 0)
+        return nullptr;
+    for (int row : steps_of_list(config, list)) {
+        ActionStep& step = step_at(config, row);
+        if (step.step_type == step_jump && step.param_low == device_row) return &step;
+    }
+    return nullptr;
+}
+
+void follow_home_keys(Configuration& config)
+{
+    const int home = std::min<int>(config.device_table[0].page_count, home_page_rows);
+    std::vector<int> rows;
+    for (int row = 0; row < action_step_rows; ++row) {
+        ActionStep& s = step_at(config, row);
+        if (s.step_type == step_jump && s.param_low == 0) {
+            // A HOME page that went: the page before it.
+            if (s.param_high >= home) s.param_high = static_cast<std::uint8_t>(std::max(home - 1, 0));
+            continue;
+        }
+        if (s.step_type != step_link || s.param_low != 0 || s.param_high == free_byte) continue;
+        // A link names a HOME key by its label row; it follows the key to its place.
+        bool found = false;
+        for (int r = 0; r < home && !found; ++r) {
+            const auto& slots = config.home_pages[static_cast<std::size_t>(r)].slots;
+            const int used = std::min<int>(config.page_table[static_cast<std::size_t>(r)].key_count, softkeys_per_page);
+            for (int k = 0; k < used && !found; ++k)
+                if (slots[static_cast<std::size_t>(k)].label_index == s.value) {
+                    s.param_high = static_cast<std::uint8_t>(r);
+                    s.extra = slots[static_cast<std::size_t>(k)].position;
+                    found = true;
+                }
+        }
+        if (!found) rows.push_back(row);
+    }
+    remove_rows(config, rows, false);
 }
 
 }  // namespace tesselo

@@ -30,6 +30,16 @@ void Cut_marcolink(Configuration& config, std::uint8_t device, std::uint8_t page
 // device, or sent to the HOME page the key stands on.
 void Cut_marcojumplink(Configuration& config, std::uint8_t device, std::uint8_t page);
 
+// After HOME keys moved to other places or HOME pages went: a link to a HOME
+// key follows the key (named by its label row) to its page and row, and goes
+// with the key; a jump to a HOME page that went aims at the last one left.
+void follow_home_keys(Configuration& config);
+
+// The jump of a HOME key's list `list` into its device `device_row`: the
+// first jump of the chain to that device, nullptr when the user's steps hold
+// none (then nothing is re-aimed: a step of another kind is never rewritten).
+ActionStep* home_jump(Configuration& config, std::int32_t list, int device_row);
+
 // After a page was hidden or shown: the device's HOME key jumps to the first
 // page of the device that is not hidden; with none, the jump is left alone.
 void repoint_firstpage(Configuration& config, const std::string& device_key, int device_row,

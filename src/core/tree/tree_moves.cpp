@@ -4,9 +4,11 @@
 #include <vector>
 
 #include "core/app/application.h"
+#include "core/keys/key_behaviours.h"
 #include "core/model/configuration.h"
 #include "core/tree/device_removal.h"
 #include "core/tree/journal.h"
+#include "core/tree/link_repair.h"
 #include "core/tree/node_keys.h"
 #include "core/tree/page_windows.h"
 #include "core/tree/tree_model.h"
@@ -202,6 +204,8 @@ void move_device(Application& app, int slot, const std::string& device_key, int 
     std::rotate(config.page_table.begin() + first, config.page_table.begin() + first + lower_size,
                 config.page_table.begin() + first + lower_size + upper_size);
     exchange_targets(config, R, N, -1);
+    follow_home_keys(config);
+    renumber_punch_through(config, [R, N](int d) { return d == R ? N : d == N ? R : d; });
     update_softtable(app, slot);
     redraw_windows(app, slot, "HOME", false);
 }

@@ -193,7 +193,7 @@ TEST_F(Behaviours, Check3IsNeverOfferedOnHome)
     EXPECT_TRUE(content().action.check3_shown);
 }
 
-TEST_F(Behaviours, ClearingLinkToRightSideButtonAddsTheLeftKeyBehindTheRightOne)
+TEST_F(Behaviours, ClearingLinkToRightSideButtonAddsTheLeftKeyInFrontOfTheRightOne)
 {
     delays(page1, 9, 1);  // row 3 right
     delays(page1, 5, 1);  // row 1 right
@@ -207,8 +207,8 @@ TEST_F(Behaviours, ClearingLinkToRightSideButtonAddsTheLeftKeyBehindTheRightOne)
     EXPECT_TRUE(Check3_Click(t.app, target(page1), false));
     const auto& slots = c->device_pages[0].slots;
     EXPECT_EQ(c->page_table[1].key_count, 4);
-    EXPECT_EQ(slots[1].position, 3);
-    EXPECT_EQ(slots[2], (SoftKey{0, 131, label, no_index, 0}));
+    EXPECT_EQ(slots[1], (SoftKey{0, 131, label, no_index, 0}));
+    EXPECT_EQ(slots[2].position, 3);
     EXPECT_EQ(slots[3].position, 1);
     EXPECT_EQ(c->softkey_labels[static_cast<std::size_t>(label)].header(), 0);
     EXPECT_EQ(log_back(), "\"add left softkey DEVICE11\\PAGE1 row 3 left\"");
@@ -219,8 +219,8 @@ TEST_F(Behaviours, ClearingLinkToRightSideButtonAddsTheLeftKeyBehindTheRightOne)
     // A row without its right key gets it first.
     click_key(page1, 12);
     EXPECT_TRUE(add_left_softkey(t.app, target(page1)));
-    EXPECT_EQ(slots[4].position, 4);
-    EXPECT_EQ(slots[5].position, 132);
+    EXPECT_EQ(slots[4].position, 132);
+    EXPECT_EQ(slots[5].position, 4);
     EXPECT_EQ(chain_faults(*c), "");
 }
 

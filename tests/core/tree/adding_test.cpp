@@ -97,7 +97,10 @@ TEST_F(AddDeviceTest, AfterDevice2Of3IsDeletedTheNextTakesNumber2YetGoesLast)
     EXPECT_EQ(tree().roots().back(), tree().find("DEVICE21"));
     EXPECT_EQ(c.page_table[3].node_key, "DEVICE21\\PAGE1");
     EXPECT_EQ(c.home_pages[0].node_key[3], "DEVICE21");
-    EXPECT_EQ(c.home_pages[0].slots[3].position, 2);
+    // DEVICE3 took the second place and its row; the new key the third.
+    EXPECT_EQ(c.home_pages[0].node_key[2], "DEVICE31");
+    EXPECT_EQ(c.home_pages[0].slots[2].position, 2);
+    EXPECT_EQ(c.home_pages[0].slots[3].position, 3);
     EXPECT_EQ(t.log_lines().back(), "\"Add device DEVICE2 - Untitled1\"");
 }
 
