@@ -7,6 +7,7 @@
 
 #include "core/keys/document_faults.h"
 #include "core/keys/key_clipboard_document.h"
+#include "core/tree/deep_check.h"
 #include "core/tree/device_clipboard.h"
 #include "core/tree/hiding.h"
 #include "core/tree/tree_drag.h"
@@ -122,6 +123,7 @@ TEST_P(TreeProperty, EveryStructuralGestureKeepsEveryInvariant)
             const Configuration& cfg = t.app.config(s);
             ASSERT_EQ(chain_faults(cfg), "") << "seed " << GetParam() << " op " << op << " slot " << s;
             ASSERT_EQ(reference_faults(cfg), "") << "seed " << GetParam() << " op " << op << " slot " << s;
+            ASSERT_EQ(deep_check(cfg), std::vector<std::string>{}) << "seed " << GetParam() << " op " << op << " slot " << s;
             expect_invariants(t.app, s);
             ASSERT_FALSE(::testing::Test::HasFailure()) << "seed " << GetParam() << " op " << op << " slot " << s;
         }
