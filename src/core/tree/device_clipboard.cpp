@@ -290,7 +290,7 @@ bool paste_device(Application& app)
     if (row == 0) return false;
     // A key it owned as punched through in this document is its own again,
     // where no other device took it since.
-    if (buffer.source_document == slot)
+    if (!foreign)
         for (int k = 0; k < hardkeys_per_device; ++k)
             if (buffer.punch_owned[at(k)] && config.punch_through[at(k)][0] == free_byte) own_punch_through(config, k, row);
     update_softtable(app, slot);
