@@ -135,6 +135,7 @@ void ActionFrame::load(const ActionPanel& panel)
     Check2->setEnabled(panel.check2_enabled);
     Check3->setVisible(panel.check3_shown);
     Check3->setChecked(panel.check3);
+    Check3->setEnabled(panel.check3_enabled);
     if (!panel.grey) select_row(std::min(row, ListView1->topLevelItemCount()));
     show_test_state();
     filling_ = false;

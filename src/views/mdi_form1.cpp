@@ -268,8 +268,8 @@ bool MDIForm1::command_enabled(const QString& command) const
     if (command == "muOpenPage") return has_document && selected && is_page_image(selected->image);
     // The entries follow the journal as the toolbar's buttons do: nothing to
     // undo or redo, nothing to choose.
-    if (command == "muUndo") return app.edit_state().undo_menu && app.edit_state().undo_button;
-    if (command == "muRedo") return app.edit_state().redo_menu && app.edit_state().redo_button;
+    if (command == "muUndo") return app.edit_state().undo_menu && undo_enabled(app);
+    if (command == "muRedo") return app.edit_state().redo_menu && redo_enabled(app);
     if (const auto key = edit_command_of_key(command)) return *key;
     if (command == "muCut" || command == "muDelete" || command == "label")
         return has_document && !home_selected && installed(command == "muCut"      ? &TreeCommands::cut
@@ -306,8 +306,8 @@ bool MDIForm1::button_enabled(const QString& key) const
     const QString command = toolbar_command(key);
     // An upload keeps the simulator's button still too.
     if (key == "simualtor" && app.flags().upload_in_progress) return false;
-    if (key == "undo") return app.edit_state().undo_button && commands_.count(command);
-    if (key == "redo") return app.edit_state().redo_button && commands_.count(command);
+    if (key == "undo") return undo_enabled(app) && commands_.count(command);
+    if (key == "redo") return redo_enabled(app) && commands_.count(command);
     const auto [slot, node] = selected_node();
     const bool home_selected = node && (app.tree(slot).node(node).image == image_home ||
                                         app.tree(slot).node(node).key.rfind("HOME", 0) == 0);

@@ -30,12 +30,15 @@ TEST_F(CliKeys, CopyPasteCutAndDeleteWorkOnTheSelectedKey)
               "DELAY 0.5 S\nBEEP SOUND 0.1Sec \n");
 }
 
-TEST_F(CliKeys, GreyedEntriesAreRefusedAndTheScriptGoesOn)
+TEST_F(CliKeys, GreyedEntriesAreRefusedWithStatus2)
 {
     // Nothing in the clipboard; a hard key can't be cut; the title row can't be deleted.
-    const auto r = script(device_page + "key hard 35\nfocus key\npaste\ncut\nkey soft 0\ndelete\n");
-    EXPECT_EQ(r.status, 0);
-    EXPECT_EQ(r.out, "");
+    for (const std::string lines : {"key hard 35\nfocus key\npaste\n", "key hard 35\nfocus key\ncut\n",
+                                    "key soft 0\nfocus key\ndelete\n"}) {
+        const auto r = script(device_page + lines + "add-device\n");
+        EXPECT_EQ(r.status, 2) << lines;
+        EXPECT_EQ(r.out, "");
+    }
 }
 
 TEST_F(CliKeys, DragKeyInEachMode)

@@ -452,6 +452,20 @@ private Q_SLOTS:
         QVERIFY(!child<QCheckBox>(w, "Check3")->isVisible());
     }
 
+    void the_title_rows_link_to_right_side_button_is_greyed()
+    {
+        KeyFixture f;
+        f.click_key(4);  // the title row's left button
+        properties* w = f.window();
+        auto* check3 = child<QCheckBox>(w, "Check3");
+        QVERIFY(check3->isVisible());
+        QVERIFY(check3->isChecked());
+        QVERIFY(!check3->isEnabled());
+        save_screenshot(w, "properties_title_row_left_button");
+        f.click_key(6);  // row 1, left
+        QVERIFY(child<QCheckBox>(w, "Check3")->isEnabled());
+    }
+
     void the_label_command_brings_the_label_tab_forward()
     {
         KeyFixture f;

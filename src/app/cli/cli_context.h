@@ -33,6 +33,9 @@ struct CliContext {
     std::ostream& output;
     // Set when the link's description could not be understood; the words say why.
     std::string link_error;
+    // Why the editor greys what a script line asked for: the line is refused
+    // with these words.
+    std::string greyed;
 };
 
 }  // namespace tesselo::cli

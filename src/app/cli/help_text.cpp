@@ -167,8 +167,8 @@ std::string help_text(const CLI::App& app, bool all)
     write_section(out, "Exit status",
                   {{"0", "done"},
                    {"1", "the operation was refused or failed (its message was printed)"},
-                   {"2", "bad usage, an unreadable input, or a script line that cannot be parsed or names something "
-                         "that does not exist"},
+                   {"2", "bad usage, an unreadable input, or a script line that cannot be parsed, names something "
+                         "that does not exist or asks for what the editor greys"},
                    {"3", "a script needed an answer that was not queued"}});
     write_section(out, "Environment",
                   {{"TESSELO_HOME", "the home folder, when --home is not given"},

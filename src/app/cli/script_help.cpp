@@ -60,7 +60,9 @@ const std::vector<HelpEntry>& script_operation_help()
          "Register to My Database with the code under work; \"Select one\" for a box left alone"},
         {"focus tree / focus key",
          "where Cut, Copy, Paste and Delete go: the tree's selected device or page, or the page's selected key"},
-        {"cut / copy / paste / delete", "the Edit menu; a greyed entry is refused and prints nothing"},
+        {"cut / copy / paste / delete",
+         "the Edit menu; a greyed entry (Paste after Delete or Undo, Cut of the title row or of a hard key, ...) is "
+         "refused with status 2"},
         {"drag-key MODE soft ROW [left] / drag-key MODE hard PICTURE",
          "a drag from the selected key onto that key of the same page; MODE move (a plain drag), copy (with Ctrl), "
          "action (with Alt: the steps only) or link (with Shift+Alt: a link to the dragged key)"},

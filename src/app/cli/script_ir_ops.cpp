@@ -105,8 +105,9 @@ void set_duration(EditIR& dialog, const std::string& seconds)
 
 LineResult add_ir(CliContext& ctx, const ScriptArgs& args)
 {
-    const auto target = key_target(ctx);
-    if (!target) return LineResult::bad_line;
+    const StepKey selected = step_key(ctx);
+    const auto& target = selected.target;
+    if (!target) return selected.refusal;
     const SourceWords words = split_duration(args);
     EditIR dialog(ctx.app, *target);
     LineResult result = take_source(ctx, dialog, words.source);
@@ -121,8 +122,9 @@ LineResult add_ir(CliContext& ctx, const ScriptArgs& args)
 
 LineResult test_ir(CliContext& ctx, const ScriptArgs& args)
 {
-    const auto target = key_target(ctx);
-    if (!target) return LineResult::bad_line;
+    const StepKey selected = step_key(ctx);
+    const auto& target = selected.target;
+    if (!target) return selected.refusal;
     const SourceWords words = split_duration(args);
     EditIR dialog(ctx.app, *target);
     LineResult result = take_source(ctx, dialog, words.source);

@@ -12,10 +12,13 @@ namespace tesselo::cli {
 
 namespace {
 
-ScriptOperation edit_entry(const std::string& entry)
+// The Edit menu's entry; a greyed one (Paste after Delete, Cut of the title
+// row, ...) is refused as the editor greys it.
+ScriptOperation edit_entry(const std::string& entry, const std::string& caption)
 {
-    return [entry](CliContext& ctx, const ScriptArgs& args) {
+    return [entry, caption](CliContext& ctx, const ScriptArgs& args) {
         if (!args.empty() || !ctx.app.active()) return LineResult::bad_line;
+        if (!edit_entry_enabled(ctx.app, entry)) return greyed(ctx, "the Edit menu's " + caption + " is greyed here");
         return run_edit_entry(ctx.app, entry) ? LineResult::done : LineResult::refused;
     };
 }
@@ -46,10 +49,10 @@ void add_key_operations(ScriptOperations& ops)
         s.selected_kind = TreeSelection::Kind::key;
         return LineResult::done;
     };
-    ops["cut"] = edit_entry("muCut");
-    ops["copy"] = edit_entry("muCopy");
-    ops["paste"] = edit_entry("muPaste");
-    ops["delete"] = edit_entry("muDelete");
+    ops["cut"] = edit_entry("muCut", "Cut");
+    ops["copy"] = edit_entry("muCopy", "Copy");
+    ops["paste"] = edit_entry("muPaste", "Paste");
+    ops["delete"] = edit_entry("muDelete", "Delete");
     ops["drag-key"] = [](CliContext& ctx, const ScriptArgs& args) {
         const auto source = key_target(ctx);
         if (!source || args.size() < 3) return LineResult::bad_line;

@@ -124,6 +124,7 @@ void add_label_operations(ScriptOperations& ops)
         const auto on = on_off(args);
         const auto key = key_switches(ctx);
         if (!on || !key || !key->second.check3_shown) return LineResult::bad_line;
+        if (!key->second.check3_enabled) return greyed(ctx, "the title row gets no left key of its own");
         if (*on == key->second.check3) return LineResult::refused;
         return done_or_refused(Check3_Click(ctx.app, key->first, *on));
     };

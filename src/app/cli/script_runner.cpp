@@ -80,9 +80,12 @@ int run_script(CliContext& ctx, std::istream& in)
             return exit_unanswered;
         }
         if (result == LineResult::bad_line) {
-            std::cerr << "line " << number << ": cannot run '" << line << "'\n";
+            std::cerr << "line " << number << ": cannot run '" << line << "'";
+            if (!ctx.greyed.empty()) std::cerr << ": " << ctx.greyed;
+            std::cerr << "\n";
             return exit_usage;
         }
+        ctx.greyed.clear();
     }
     return exit_done;
 }

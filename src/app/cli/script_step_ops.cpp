@@ -48,9 +48,11 @@ using RowButton = bool (*)(Application&, const KeyTarget&, int);
 ScriptOperation row_button(RowButton button)
 {
     return [button](CliContext& ctx, const ScriptArgs& args) {
-        const auto target = key_target(ctx);
+        const StepKey selected = step_key(ctx);
+        const auto& target = selected.target;
         const int row = args.size() == 1 ? number_in(args[0], 1, steps_per_list) : -1;
-        if (!target || row < 0) return LineResult::bad_line;
+        if (!target) return selected.refusal;
+        if (row < 0) return LineResult::bad_line;
         return button(ctx.app, *target, row) ? LineResult::done : LineResult::refused;
     };
 }
@@ -68,30 +70,38 @@ void add_step_operations(ScriptOperations& ops)
         return LineResult::done;
     };
     ops["add-delay"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const auto target = key_target(ctx);
-        if (!target || args.size() != 1) return LineResult::bad_line;
+        const StepKey selected = step_key(ctx);
+        const auto& target = selected.target;
+        if (!target) return selected.refusal;
+        if (args.size() != 1) return LineResult::bad_line;
         Delaytime dialog(ctx.app.step_edit);
         type_duration(ctx, dialog, args[0]);
         return close_after<Delaytime>(ctx, dialog.ok(ctx.app, *target));
     };
     ops["add-beep"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const auto target = key_target(ctx);
+        const StepKey selected = step_key(ctx);
+        const auto& target = selected.target;
         const int slider = args.size() == 2 ? number_in(args[1], Addbeep::slider_min, Addbeep::slider_max) : -1;
-        if (!target || slider < 0) return LineResult::bad_line;
+        if (!target) return selected.refusal;
+        if (slider < 0) return LineResult::bad_line;
         Addbeep dialog(ctx.app.step_edit);
         dialog.move_slider(slider);
         type_duration(ctx, dialog, args[0]);
         return close_after<Addbeep>(ctx, dialog.ok(ctx.app, *target));
     };
     ops["add-jump"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const auto target = key_target(ctx);
-        if (!target || args.size() != 1) return LineResult::bad_line;
+        const StepKey selected = step_key(ctx);
+        const auto& target = selected.target;
+        if (!target) return selected.refusal;
+        if (args.size() != 1) return LineResult::bad_line;
         Createjump dialog(ctx.app, target->slot, target->page_key);
         return close_after<Createjump>(ctx, dialog.ok(ctx.app, *target, args[0]));
     };
     ops["add-link"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const auto target = key_target(ctx);
-        if (!target || args.size() < 3) return LineResult::bad_line;
+        const StepKey selected = step_key(ctx);
+        const auto& target = selected.target;
+        if (!target) return selected.refusal;
+        if (args.size() < 3) return LineResult::bad_line;
         if (args[0] == "hard" && args.size() == 3) {
             const int picture = number_in(args[2], 0, key_pictures - 1);
             const int key = picture < 0 ? -1 : check_hardkeyindex(picture);
@@ -107,9 +117,11 @@ void add_step_operations(ScriptOperations& ops)
         return LineResult::bad_line;
     };
     ops["edit-step"] = [](CliContext& ctx, const ScriptArgs& args) {
-        const auto target = key_target(ctx);
+        const StepKey selected = step_key(ctx);
+        const auto& target = selected.target;
         const int row = args.size() == 1 ? number_in(args[0], 1, steps_per_list) : -1;
-        if (!target || row < 0) return LineResult::bad_line;
+        if (!target) return selected.refusal;
+        if (row < 0) return LineResult::bad_line;
         return begin_step_edit(ctx.app, *target, row) >= 0 ? LineResult::done : LineResult::bad_line;
     };
     ops["delete-step"] = row_button(DeleteBt);

@@ -3,6 +3,8 @@
 #include <cstdlib>
 
 #include "core/keys/hardkey_pictures.h"
+#include "core/keys/key_locator.h"
+#include "core/keys/properties_content.h"
 #include "core/tree/selection.h"
 
 namespace tesselo::cli {
@@ -42,6 +44,30 @@ std::optional<KeyTarget> key_target(CliContext& ctx)
     auto target = page_target(ctx);
     if (!target || ctx.app.key_selection.selected_kind == kind_none) return std::nullopt;
     return target;
+}
+
+LineResult greyed(CliContext& ctx, const std::string& why)
+{
+    ctx.greyed = why;
+    return LineResult::bad_line;
+}
+
+StepKey step_key(CliContext& ctx)
+{
+    const auto target = key_target(ctx);
+    if (!target) return {};
+    const Configuration& config = ctx.app.config(target->slot);
+    const auto place = locate_key(config, target->page_key, ctx.app.key_selection);
+    if (!place) return {};
+    switch (steps_greyed(config, *place)) {
+    case StepsGreyed::no: return {target};
+    case StepsGreyed::punched:
+        return {std::nullopt, greyed(ctx, "the key is punched through from another device, whose steps it runs")};
+    case StepsGreyed::linked_right:
+        return {std::nullopt, greyed(ctx, "the left button is linked to the right side button, whose key it runs")};
+    case StepsGreyed::no_key: return {std::nullopt, greyed(ctx, "an empty row of a HOME page is no key")};
+    }
+    return {};
 }
 
 }  // namespace tesselo::cli

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "app/cli/cli_context.h"
+#include "app/cli/script_runner.h"
 #include "core/keys/step_commands.h"
 
 namespace tesselo::cli {
@@ -20,5 +21,16 @@ int key_picture(const std::vector<std::string>& words, std::size_t from);
 std::optional<KeyTarget> page_target(CliContext& ctx);
 // A key operation needs a selected page and a selected key.
 std::optional<KeyTarget> key_target(CliContext& ctx);
+
+// What the editor greys, the command line refuses: the line ends the script
+// with status 2 and `why` beside it, and nothing has changed.
+LineResult greyed(CliContext& ctx, const std::string& why);
+// The selected key for an operation of the Action tab's step buttons; when
+// the editor greys them for it, the line is refused as greyed.
+struct StepKey {
+    std::optional<KeyTarget> target;
+    LineResult refusal = LineResult::bad_line;
+};
+StepKey step_key(CliContext& ctx);
 
 }  // namespace tesselo::cli

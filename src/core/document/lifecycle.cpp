@@ -5,6 +5,7 @@
 #include "core/document/ui.h"
 #include "core/image/image_writer.h"
 #include "core/model/configuration.h"
+#include "core/tree/journal.h"
 #include "core/tree/selection.h"
 #include "core/tree/tree_view.h"
 
@@ -131,6 +132,9 @@ bool close_document(Application& app, int document)
     clear_document_selection(app, slot);
     app.write_log("close file " + name);
     app.remove_document(document);
+    // Another window may still hold the slot after a refused close: its
+    // snapshots are its own.
+    if (app.document_of_slot(slot) < 0) forget_document(app, slot);
     return true;
 }
 

@@ -205,15 +205,21 @@ bool EditIR::ok()
         ui.message(title_main, exceed_document_steps, Icon::exclamation);
         return false;
     }
-    if (!learned && config.ir_data.record_count >= ir_data_accepted) {
+    // The limit of the records stands for learned codes too, and before the
+    // search: a code already stored is refused all the same.
+    if (config.ir_data.record_count >= ir_data_accepted) {
         ui.message(title_main, exceed_ir_data, Icon::exclamation);
         return false;
     }
     auto place = locate_key(config, target_.page_key, app_.key_selection);
     if (!place) return false;
-    if (key_step_count(config, *place) > steps_per_list - 1) {
-        ui.message(edit_ir_title, exceed_key_steps, Icon::exclamation);
-        return false;
+    // The code is stored only once its step can be added: a refusal leaves no
+    // record, format or learned slot behind.
+    switch (append_outcome(config, *place)) {
+    case AppendOutcome::appended: break;
+    case AppendOutcome::key_full: ui.message(edit_ir_title, exceed_key_steps, Icon::exclamation); return false;
+    case AppendOutcome::document_full: ui.message(title_main, exceed_document_steps, Icon::exclamation); return false;
+    case AppendOutcome::no_key: ui.message(title_alt, ir_store_fault, Icon::exclamation); return false;
     }
     if (learned && !learning_memory_free(config)) {
         ui.message(title_main, text_learning_full, Icon::exclamation);
@@ -223,13 +229,6 @@ bool EditIR::ok()
     // A code that cannot be stored (its words, a full format table) is
     // refused before anything changes.
     if (!learned && find_ir_record(config, value) < 0 && !ir_code_storable(config, value)) {
-        ui.message(title_alt, ir_store_fault, Icon::exclamation);
-        return false;
-    }
-    // A new soft key needs a free slot of its page and a free label.
-    if (place->kind == kind_soft && place->slot < 0 &&
-        (config.page_table[at(place->page_row)].key_count >= softkeys_per_page ||
-         search_softkeyno(config) >= softkey_label_rows)) {
         ui.message(title_alt, ir_store_fault, Icon::exclamation);
         return false;
     }

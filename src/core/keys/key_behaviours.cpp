@@ -8,6 +8,7 @@
 #include "core/keys/key_removal.h"
 #include "core/keys/key_refresh.h"
 #include "core/keys/key_selection.h"
+#include "core/keys/properties_content.h"
 #include "core/keys/step_chain.h"
 #include "core/keys/step_commands.h"
 #include "core/model/softkey_labels.h"
@@ -191,6 +192,9 @@ bool Check2_Click(Application& app, const KeyTarget& target, bool checked)
 
 bool Check3_Click(Application& app, const KeyTarget& target, bool checked)
 {
+    // The title row gets no left key of its own: the box is greyed there.
+    const auto place = selected_place(app, target);
+    if (place && link_right_greyed(app.config(target.slot), *place)) return false;
     return checked ? delete_left_softkey(app, target) : add_left_softkey(app, target);
 }
 

@@ -33,6 +33,54 @@ IrCodeValue clip_code(const KeyClipRecord& r, int i)
     return code;
 }
 
+bool same_code(const IrCodeValue& a, const IrCodeValue& b)
+{
+    return a.format_id == b.format_id && a.word_count == b.word_count && a.word_count >= 1 &&
+           std::equal(a.words.begin() + 1, a.words.begin() + a.word_count, b.words.begin() + 1);
+}
+
+bool slot_in_use(const Configuration& config, int slot)
+{
+    return slot >= 0 && slot < learned_codes && (config.learning_bitmap[at(slot / 8)] & (128 >> (slot % 8))) != 0;
+}
+
+// Whether a step of `type` names learned slot `slot`.
+bool slot_named_by(const Configuration& config, int slot, std::uint8_t type)
+{
+    for (const ActionStep& s : config.action_steps.steps)
+        if (s.step_type == type && step_number_value(s) == slot) return true;
+    return false;
+}
+
+// Where the code of a My Database step (128, 133) already is in the
+// document, or -1. Nothing of My Database is given back when its steps go,
+// so the code the step named is still at its number, unless the record or
+// slot holds another code (the step came from another document). A learned
+// slot that a learned step of the document's own (5) holds is not shared:
+// it is given back with that step.
+int mydatabase_code_at(const Configuration& config, const KeyClipRecord& r, int i)
+{
+    const std::uint8_t type = r.clip_step_type[at(i)];
+    const int number = r.clip_param_low[at(i)] + 256 * r.clip_param_high[at(i)];
+    if (type == step_mydatabase) {
+        if (number < std::clamp(config.ir_data.record_count, 0, ir_data_rows) &&
+            same_code(stored_ir_code(config, number), clip_code(r, i)))
+            return number;
+        return find_ir_record(config, clip_code(r, i));
+    }
+    if (type != step_mydatabase_learning) return -1;
+    const auto holds = [&](int slot) {
+        return slot_in_use(config, slot) && config.learning_memory[at(slot)] == r.clip_learned[at(i)] &&
+               !slot_named_by(config, slot, step_learning);
+    };
+    if (holds(number)) return number;
+    // Pasted from another document: the slot that a step of My Database
+    // already names with the same code.
+    for (const ActionStep& s : config.action_steps.steps)
+        if (s.step_type == step_mydatabase_learning && holds(step_number_value(s))) return step_number_value(s);
+    return -1;
+}
+
 // A soft label's header is glyph count and alignment, a hard label's its
 // plain length: across kinds the glyph count alone goes over.
 KeyLabel label_for(const KeyClipRecord& r, int target_kind)
@@ -139,6 +187,8 @@ void PasteNeeds::add(const Configuration& config, const KeyClipRecord& r, bool c
     for (int i = 0; i < r.clip_step_count; ++i) {
         const std::uint8_t t = r.clip_step_type[at(i)];
         if (counted_whole || t != step_free) ++steps;
+        // A code of My Database that the document holds is not stored again.
+        if (mydatabase_code_at(config, r, i) >= 0) continue;
         if (sends_learned_code(t)) ++learned;
         if (!sends_ir_record(t)) continue;
         ++records;
@@ -216,7 +266,9 @@ std::int32_t paste_list_record(Configuration& config, const KeyClipRecord& r, st
         s.extra = r.clip_extra[at(i)];
         s.next_step = end_of_list;
         if (sends_ir_record(type) || sends_learned_code(type)) {
-            const int number = check_marcosteps(config, r, i, key_number);
+            // A step of My Database points at the code it pointed at.
+            int number = mydatabase_code_at(config, r, i);
+            if (number < 0) number = check_marcosteps(config, r, i, key_number);
             if (number < 0) {
                 // paste_refusal has ruled this out; a step without its data is not written.
                 wipe_step(config, step);

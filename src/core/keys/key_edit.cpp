@@ -15,6 +15,8 @@
 #include "core/tree/journal.h"
 #include "core/tree/selection.h"
 #include "core/tree/tree_commands.h"
+#include "core/tree/node_keys.h"
+#include "core/tree/tree_model.h"
 
 namespace tesselo {
 
@@ -141,6 +143,25 @@ void install_key_edit_commands(TreeCommands& commands)
     commands.key_delete = on_selected([](Application& app, const KeyTarget& target) { return delete_key(app, target); });
 }
 
+bool edit_entry_enabled(Application& app, const std::string& entry)
+{
+    const bool paste = entry == "muPaste";
+    if (app.selection().selected_kind == TreeSelection::Kind::key) {
+        const auto allows = key_edit_enables(app, key_in_clipboard(app));
+        if (!allows || !selected_key_target(app)) return false;
+        return entry == "muCut" ? allows->cut : entry == "muCopy" ? allows->copy : paste ? allows->paste : allows->remove;
+    }
+    const Document* doc = app.active();
+    if (!doc) return false;
+    const TreeCommands& c = app.tree_commands();
+    if (paste) return app.edit_state().paste_button && static_cast<bool>(c.paste);
+    const TreeModel& tree = app.tree(doc->slot);
+    const int node = tree.selected();
+    const bool home = tree.valid(node) && (tree.node(node).image == image_home || tree.node(node).key.rfind("HOME", 0) == 0);
+    const auto& command = entry == "muCut" ? c.cut : entry == "muCopy" ? c.copy : c.remove;
+    return !home && static_cast<bool>(command);
+}
+
 bool run_edit_entry(Application& app, const std::string& entry)
 {
     TreeCommands& c = app.tree_commands();
@@ -153,16 +174,8 @@ bool run_edit_entry(Application& app, const std::string& entry)
     else if (entry == "muDelete")
         tree_path = &TreeCommands::remove, key_path = [](Application& a, const KeyTarget& t) { return delete_key(a, t); };
     else return false;
-    if (app.selection().selected_kind == TreeSelection::Kind::key) {
-        const auto allows = key_edit_enables(app, key_in_clipboard(app));
-        const auto target = selected_key_target(app);
-        const bool enabled = allows && (entry == "muCut"    ? allows->cut
-                                        : entry == "muCopy" ? allows->copy
-                                        : entry == "muPaste" ? allows->paste
-                                                             : allows->remove);
-        return enabled && target && key_path(app, *target);
-    }
-    if (!(c.*tree_path) || !app.active()) return false;
+    if (!edit_entry_enabled(app, entry)) return false;
+    if (app.selection().selected_kind == TreeSelection::Kind::key) return key_path(app, *selected_key_target(app));
     (c.*tree_path)(app);
     return true;
 }

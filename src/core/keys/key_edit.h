@@ -39,6 +39,12 @@ bool paste_key(Application& app, const KeyTarget& target);
 // Puts the key paths into the Edit commands' hooks.
 void install_key_edit_commands(TreeCommands& commands);
 
+// Whether the Edit menu's Cut, Copy, Paste or Delete ("muCut", ...) can be
+// chosen, as the menu and the toolbar show it: the key's path while the last
+// click was on a key, else the tree's, where HOME offers no Cut, Copy or
+// Delete and Paste follows the paste state (greyed after Delete and Undo).
+bool edit_entry_enabled(Application& app, const std::string& entry);
+
 // The Edit menu's Cut, Copy, Paste and Delete ("muCut", ...): the key path
 // while the last click was on a key, else the tree's. False when the entry
 // is greyed.

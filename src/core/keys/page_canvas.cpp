@@ -113,8 +113,9 @@ int softkey_slot_at(const Configuration& config, const PageRef& page, int positi
     const SoftKey* slots = page_slots(config, page);
     if (!slots) return -1;
     const int used = slots_in_use(config, page);
-    // Slot 0 is the page's own slot; its keys follow in the order they were made.
-    for (int s = 1; s < used; ++s)
+    // Slots are filled in the order the keys were made, so the position
+    // decides and not the slot: the title row's key may stand in any of them.
+    for (int s = 0; s < used; ++s)
         if (slots[s].position == position) return s;
     return -1;
 }
@@ -125,10 +126,11 @@ std::array<LcdRow, lcd_rows> lcd_page_rows(const Configuration& config, const Pa
     const SoftKey* slots = page_slots(config, page);
     if (slots) {
         const int used = slots_in_use(config, page);
-        for (int s = 1; s < used; ++s) {
+        for (int s = 0; s < used; ++s) {
             const SoftKey& key = slots[s];
             const int row = key.position & 127;
-            if (row >= lcd_rows) continue;
+            // The title row's own key carries the device's name, below.
+            if (row >= lcd_rows || key.position == 0) continue;
             const std::int32_t label = key.label_index;
             if (label < 0 || label >= softkey_label_rows) continue;
             const KeyLabel& text = config.softkey_labels[static_cast<std::size_t>(label)];

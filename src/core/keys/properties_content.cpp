@@ -16,13 +16,15 @@ namespace {
 void fill_softkey(Application& app, const KeyTarget& target, const KeyPlace& place, const IrStepNames& ir,
                   ActionPanel& panel)
 {
-    const SoftKey* key = softkey_at(app.config(target.slot), place);
+    const Configuration& config = app.config(target.slot);
+    const SoftKey* key = softkey_at(config, place);
     panel.check2 = key && key->key_state > 0;
     // A left button of a device's page: without a key of its own it runs the right one's.
     if (!place.home && place.position >= 128) {
         panel.check3_shown = true;
         panel.check3 = !key;
-        if (!key) {
+        panel.check3_enabled = !link_right_greyed(config, place);
+        if (steps_greyed(config, place) == StepsGreyed::linked_right) {
             panel.grey = true;
             panel.test_ir = false;
             panel.check2_enabled = false;
@@ -41,7 +43,7 @@ void fill_hardkey(Application& app, const KeyTarget& target, const KeyPlace& pla
     panel.check1_shown = place.device != 0;
     panel.check1 = punch_bit(config, key, place.device);
     const int owner = punch_owner(config, key);
-    if (place.device != 0 && check_punchthough(config, key, place.device) && owner != place.device) {
+    if (steps_greyed(config, place) == StepsGreyed::punched) {
         // The remote runs the owner's list; this device shows where it comes from.
         panel.rows = {{-1, punch_row_text + device_tree_text(config, owner, &app.tree(target.slot))}};
         panel.grey = true;
@@ -52,6 +54,25 @@ void fill_hardkey(Application& app, const KeyTarget& target, const KeyPlace& pla
 }
 
 }  // namespace
+
+StepsGreyed steps_greyed(const Configuration& config, const KeyPlace& place)
+{
+    if (place.kind == kind_hard) {
+        const int key = place.hard_entry % hardkeys_per_device;
+        const bool punched = place.device != 0 && check_punchthough(config, key, place.device) &&
+                             punch_owner(config, key) != place.device;
+        return punched ? StepsGreyed::punched : StepsGreyed::no;
+    }
+    if (place.slot >= 0) return StepsGreyed::no;
+    if (place.home) return StepsGreyed::no_key;
+    return place.position >= 128 ? StepsGreyed::linked_right : StepsGreyed::no;
+}
+
+bool link_right_greyed(const Configuration& config, const KeyPlace& place)
+{
+    // A left key that stands on the title row (a file made elsewhere) can still go.
+    return place.kind == kind_soft && !place.home && place.position == 128 && !softkey_at(config, place);
+}
 
 std::optional<KeyTarget> selected_key_target(Application& app)
 {

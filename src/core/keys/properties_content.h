@@ -25,7 +25,19 @@ struct ActionPanel {
     bool check1_shown = false, check1 = false;  // Punch Through: hard keys of a device
     bool check2 = false, check2_enabled = true;  // Sleep Timer
     bool check3_shown = false, check3 = false;   // Link to Right side button: left buttons of a device's page
+    bool check3_enabled = true;                  // greyed on the title row
 };
+
+// Why the Action tab's step buttons are greyed for a key: the key runs the
+// list of the device that punched it through, a left button without a key of
+// its own runs the right one's, an empty place of a HOME page is no key.
+// The command line refuses what the editor greys, for the same reasons.
+enum class StepsGreyed { no, punched, linked_right, no_key };
+StepsGreyed steps_greyed(const Configuration& config, const KeyPlace& place);
+
+// Check3, Link to Right side button, greyed: the title row carries the
+// device's name across its width and gets no left key of its own.
+bool link_right_greyed(const Configuration& config, const KeyPlace& place);
 
 // A device's radio settings, as "Device properties" shows them.
 struct DevicePanel {

@@ -58,24 +58,51 @@ StepFields duration_fields(std::uint8_t step_type, int hundredths)
 
 int step_number_value(const ActionStep& step) { return step.param_low + 256 * step.param_high; }
 
+namespace {
+
+int first_free_step(const Configuration& config)
+{
+    for (int s = 0; s < action_steps_accepted; ++s)
+        if (config.action_steps.steps[static_cast<std::size_t>(s)].step_type == step_free) return s;
+    return -1;
+}
+
+int first_free_list(const Configuration& config)
+{
+    for (int l = 0; l < action_list_rows; ++l)
+        if (config.action_lists.entries[static_cast<std::size_t>(l)].step_count == 0) return l;
+    return -1;
+}
+
+// A key that still names a freed list (a damaged file) starts a new one.
+bool holds_list(const Configuration& config, const KeyPlace& place)
+{
+    const std::int32_t list = key_action_list(config, place);
+    return list >= 0 && list < action_list_rows &&
+           config.action_lists.entries[static_cast<std::size_t>(list)].step_count > 0;
+}
+
+}  // namespace
+
+AppendOutcome append_outcome(const Configuration& config, const KeyPlace& place)
+{
+    if (config.action_steps.step_total > action_steps_accepted - 1) return AppendOutcome::document_full;
+    if (!softkey_can_be_made(config, place)) return AppendOutcome::no_key;
+    if (key_step_count(config, place) > steps_per_list - 1) return AppendOutcome::key_full;
+    if (first_free_step(config) < 0 || (!holds_list(config, place) && first_free_list(config) < 0))
+        return AppendOutcome::document_full;
+    return AppendOutcome::appended;
+}
+
 AppendResult append_to_chain(Configuration& config, KeyPlace& place, const StepFields& fields)
 {
     auto& steps = config.action_steps;
-    if (steps.step_total > action_steps_accepted - 1) return {AppendOutcome::document_full};
-    if (!make_softkey(config, place)) return {AppendOutcome::no_key};
-    if (key_step_count(config, place) > steps_per_list - 1) return {AppendOutcome::key_full};
-
-    int step = -1;
-    for (int s = 0; s < action_steps_accepted && step < 0; ++s)
-        if (steps.steps[static_cast<std::size_t>(s)].step_type == step_free) step = s;
-    int new_list = -1;
-    for (int l = 0; l < action_list_rows && new_list < 0; ++l)
-        if (config.action_lists.entries[static_cast<std::size_t>(l)].step_count == 0) new_list = l;
-    const std::int32_t list = key_action_list(config, place);
-    // A key that still names a freed list (a damaged file) starts a new one.
-    ActionList* entry = list_at(config, list);
-    const bool has_list = entry && entry->step_count > 0;
-    if (step < 0 || (!has_list && new_list < 0)) return {AppendOutcome::document_full};
+    if (const AppendOutcome outcome = append_outcome(config, place); outcome != AppendOutcome::appended) return {outcome};
+    make_softkey(config, place);
+    const int step = first_free_step(config);
+    const int new_list = first_free_list(config);
+    const bool has_list = holds_list(config, place);
+    ActionList* entry = list_at(config, key_action_list(config, place));
 
     ActionStep& fresh = step_at(config, step);
     write_payload(fresh, fields);

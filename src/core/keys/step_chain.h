@@ -34,6 +34,9 @@ struct AppendResult {
 // more than 39 steps, takes the lowest free step and the lowest free list,
 // and chains the new step behind the key's last one.
 AppendResult append_to_chain(Configuration& config, KeyPlace& place, const StepFields& fields);
+// What append_to_chain would answer, without changing anything: a dialog
+// asks before it stores the code that the step is to send.
+AppendOutcome append_outcome(const Configuration& config, const KeyPlace& place);
 
 // Edit in place: the payload of `step` is rewritten; next_step and the
 // list's step_count are left alone.

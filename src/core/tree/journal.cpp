@@ -61,11 +61,34 @@ std::string active_caption(Application& app)
     return doc ? doc->title : std::string{};
 }
 
+// Whether the newest snapshot of `side` belongs to an open document.
+bool newest_is_open(Application& app, const Journal::Side& side)
+{
+    return side.count > 0 && app.document_of_slot(side.document[static_cast<std::size_t>(side.count - 1)]) >= 0;
+}
+
+// Takes the snapshots of document slot `slot` out of `side`, the others
+// moving up in their order; the storage of the dropped ones goes behind them.
+void drop_slot(Journal::Side& side, int slot)
+{
+    int kept = 0;
+    for (int i = 0; i < side.count; ++i) {
+        const auto from = static_cast<std::size_t>(i);
+        if (side.document[from] == slot) continue;
+        const auto to = static_cast<std::size_t>(kept++);
+        if (to != from) {
+            std::swap(side.snapshot[to], side.snapshot[from]);
+            side.document[to] = side.document[from];
+        }
+    }
+    side.count = static_cast<std::uint8_t>(kept);
+}
+
 // Undo and redo share every step but the journal they take from.
 void restore(Application& app, Journal::Side& from, bool undo)
 {
     EditState& state = app.edit_state();
-    if (from.count == 0) {
+    if (!newest_is_open(app, from)) {
         (undo ? state.undo_menu : state.redo_menu) = false;
         edit_states_changed(app);
         return;
@@ -127,6 +150,21 @@ void begin_edit(Application& app)
     app.edit_state().redo_button = false;
     edit_states_changed(app);
 }
+
+void forget_document(Application& app, int slot)
+{
+    Journal& j = app.journal();
+    drop_slot(j.undo, slot);
+    drop_slot(j.redo, slot);
+    EditState& state = app.edit_state();
+    state.undo_button = j.undo.count > 0;
+    state.redo_button = j.redo.count > 0;
+    edit_states_changed(app);
+}
+
+bool undo_enabled(Application& app) { return app.edit_state().undo_button && newest_is_open(app, app.journal().undo); }
+
+bool redo_enabled(Application& app) { return app.edit_state().redo_button && newest_is_open(app, app.journal().redo); }
 
 void muUndo_Click(Application& app) { restore(app, app.journal().undo, true); }
 

@@ -44,4 +44,15 @@ void begin_edit(Application& app);
 void muUndo_Click(Application& app);
 void muRedo_Click(Application& app);
 
+// A document that closes takes its snapshots out of both journals: the slot
+// it leaves is taken by the next document, which its snapshots must never
+// overwrite. The other documents' snapshots keep their order.
+void forget_document(Application& app, int slot);
+
+// Whether Undo and Redo can be chosen (the toolbar's buttons 6 and 7 and the
+// menu entries): a snapshot is there and its document is open. With no
+// document open both are greyed.
+bool undo_enabled(Application& app);
+bool redo_enabled(Application& app);
+
 }  // namespace tesselo

@@ -168,6 +168,7 @@ void rebuild_tree_from_tables(Application& app, int slot)
     TreeModel& tree = app.tree(slot);
     Configuration& config = app.config(slot);
     const int before = tree.selected();
+    const std::string before_key = tree.valid(before) ? tree.node(before).key : std::string{};
     std::set<std::string> expanded;
     for (int i = 1; i <= tree.count(); ++i)
         if (tree.node(i).expanded) expanded.insert(tree.node(i).key);
@@ -212,7 +213,10 @@ void rebuild_tree_from_tables(Application& app, int slot)
     }
     for (int i = 1; i <= tree.count(); ++i) tree.node(i).expanded = expanded.count(tree.node(i).key) > 0;
     tree.node(1).expanded = true;
-    if (before >= 1 && before <= tree.count()) tree.select(before);
+    // The selection follows its node by key, so that it stays on the same
+    // device or page; only a node that is gone leaves it at its index.
+    if (const int same = before_key.empty() ? 0 : tree.find(before_key)) tree.select(same);
+    else if (before >= 1 && before <= tree.count()) tree.select(before);
     tree_changed(app, slot);
 }
 

@@ -211,16 +211,22 @@ TEST_F(EditIrTest, ALibraryCodeNamesItsCodeInValueAndExtra)
     EXPECT_FALSE(dialog.duration_applies());
 }
 
-TEST_F(EditIrTest, The8001stCodeIsRefusedEvenWhenItIsAlreadyStored)
+// Fills ir_data up to its 8000 records with codes of one word each.
+void fill_records(Configuration& c)
 {
-    ASSERT_TRUE(add_rc5(0, 12));
-    for (int i = 1; i < 8000; ++i) {
+    for (int i = c.ir_data.record_count; i < 8000; ++i) {
         IrCodeValue code;
         code.format_id = 5;
         code.word_count = 2;
         code.words = {0, static_cast<std::int16_t>(i)};
-        ASSERT_TRUE(append_ir_record(config(), code));
+        ASSERT_TRUE(append_ir_record(c, code));
     }
+}
+
+TEST_F(EditIrTest, The8001stCodeIsRefusedEvenWhenItIsAlreadyStored)
+{
+    ASSERT_TRUE(add_rc5(0, 12));
+    fill_records(config());
     ASSERT_EQ(config().ir_data.record_count, 8000);
     t.take_lines();
     const int steps_before = config().action_steps.step_total;
@@ -229,8 +235,41 @@ TEST_F(EditIrTest, The8001stCodeIsRefusedEvenWhenItIsAlreadyStored)
     EXPECT_EQ(t.take_lines(), (std::vector<std::string>{exceed_ir, exceed_ir}));
     EXPECT_EQ(config().action_steps.step_total, steps_before);
     EXPECT_EQ(t.ui.icons, (std::vector<Icon>{Icon::exclamation, Icon::exclamation}));
-    // A learned code needs no record.
-    EXPECT_TRUE(add([&] { learned(9); }));
+    // The limit holds for a learned code too, though it takes no record, and
+    // leaves its learned slot free.
+    EXPECT_FALSE(add([&] { learned(9); }));
+    EXPECT_EQ(t.take_lines(), std::vector<std::string>{exceed_ir});
+    EXPECT_EQ(check_learntotalno(config()), 0);
+    EXPECT_EQ(config().action_steps.step_total, steps_before);
+}
+
+TEST_F(EditIrTest, TheRecordLimitStandsAfterTheOverwritePath)
+{
+    ASSERT_TRUE(add_rc5(0, 12));
+    ASSERT_TRUE(add_rc5(0, 13));
+    fill_records(config());
+    t.take_lines();
+    // Rewriting step 2 with the code already in record 0 stores nothing new.
+    ASSERT_EQ(begin_step_edit(t.app, target(), 2), step_rc5);
+    EXPECT_TRUE(add([&] { rc5(0, 12); }));
+    EXPECT_EQ(t.take_lines(), std::vector<std::string>{});
+    EXPECT_EQ(step_number_value(steps()[1]), 0);
+    EXPECT_EQ(config().ir_data.record_count, 8000);
+}
+
+TEST_F(EditIrTest, ARefusedStepLeavesNoRecordFormatOrLearnedSlot)
+{
+    // An empty row of a HOME page is no key: no step can be added there.
+    select_page("HOME1\\PAGE1");
+    soft_key(4);
+    t.take_lines();
+    EXPECT_FALSE(add_rc5(0, 12));
+    EXPECT_FALSE(add([&] { learned(9); }));
+    EXPECT_EQ(t.take_lines(), (std::vector<std::string>{store_fault, store_fault}));
+    EXPECT_EQ(config().ir_data.record_count, 0);
+    EXPECT_EQ(config().ir_formats.format_count, 0);
+    EXPECT_EQ(check_learntotalno(config()), 0);
+    EXPECT_EQ(config().page_table[0].key_count, 3);  // HOME and its two devices' keys
 }
 
 TEST_F(EditIrTest, The8000thStepIsTheLastAndComesBeforeTheRecordCheck)

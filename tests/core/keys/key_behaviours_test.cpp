@@ -7,6 +7,7 @@
 #include "core/keys/properties_content.h"
 #include "core/model/action_chain.h"
 #include "core/model/softkey_labels.h"
+#include "core/tree/journal.h"
 #include "keys_document.h"
 #include "support/step_document.h"
 
@@ -191,6 +192,22 @@ TEST_F(Behaviours, Check3IsNeverOfferedOnHome)
     EXPECT_EQ(c->page_table[0].key_count, 3);
     click_key(page1, 6);
     EXPECT_TRUE(content().action.check3_shown);
+}
+
+TEST_F(Behaviours, Check3IsGreyedOnTheTitleRowWhichGetsNoLeftKey)
+{
+    click_key(page1, 4);  // the title row's left button
+    const auto title = content();
+    EXPECT_TRUE(title.action.check3_shown);
+    EXPECT_TRUE(title.action.check3);
+    EXPECT_FALSE(title.action.check3_enabled);
+    const int keys = c->page_table[1].key_count;
+    const int snapshots = t.app.journal().undo.count;
+    EXPECT_FALSE(Check3_Click(t.app, target(page1), false));
+    EXPECT_EQ(c->page_table[1].key_count, keys);
+    EXPECT_EQ(t.app.journal().undo.count, snapshots);
+    click_key(page1, 6);
+    EXPECT_TRUE(content().action.check3_enabled);
 }
 
 TEST_F(Behaviours, ClearingLinkToRightSideButtonAddsTheLeftKeyInFrontOfTheRightOne)

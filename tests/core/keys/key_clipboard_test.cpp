@@ -278,5 +278,55 @@ TEST_F(KeyClipboard, TheClipboardOutlivesItsDocumentAndASlotTakenAgainKeepsJumps
     EXPECT_EQ(types(page1, 1), (std::vector<int>{step_jump, step_delay}));
 }
 
+TEST_F(KeyClipboard, PastedMyDatabaseStepsPointAtTheCodeTheyPointedAt)
+{
+    const int row1 = 5, row2 = 7;  // the right buttons of rows 1 and 2
+    click(page1, row1);
+    const int record = *store_ir_code(*c, rc5(0, 12));
+    const int slot = store_learned_code(*c, learned(0x33), 1);
+    add_plain(page1, step_mydatabase, record);
+    add_plain(page1, step_mydatabase_learning, slot);
+    const std::vector<int> mydatabase_types{step_mydatabase, step_mydatabase_learning};
+    const std::vector<int> numbers{record, slot};
+    const int records = c->ir_data.record_count;
+    const int learned_in_use = check_learntotalno(*c);
+    ASSERT_TRUE(edit("muCopy"));
+    for (int picture : {0, 40}) {
+        click(page1, picture);
+        ASSERT_TRUE(edit("muPaste"));
+        EXPECT_EQ(types(page1, picture), mydatabase_types);
+        EXPECT_EQ(step_numbers(page1, picture), numbers);
+    }
+    // Nothing of My Database goes with its steps, so after a Cut the code is
+    // still where the steps pointed.
+    click(page1, row1);
+    ASSERT_TRUE(edit("muCut"));
+    click(page1, row2);
+    ASSERT_TRUE(edit("muPaste"));
+    EXPECT_EQ(step_numbers(page1, row2), numbers);
+    EXPECT_EQ(c->ir_data.record_count, records);
+    EXPECT_EQ(check_learntotalno(*c), learned_in_use);
+
+    // Another document keeps the code once, however often it is pasted there.
+    ASSERT_EQ(muNew(t.app), 1);
+    AddDevice(t.app, add_ordinary);
+    const std::string other = "DEVICE12\\PAGE1";
+    Configuration& o = t.app.config(1);
+    for (int picture : {0, 40}) {
+        click(other, picture);
+        ASSERT_TRUE(edit("muPaste"));
+        EXPECT_EQ(types(other, picture), mydatabase_types);
+        EXPECT_EQ(step_numbers(other, picture), (std::vector<int>{0, 0}));
+    }
+    EXPECT_EQ(o.ir_data.record_count, 1);
+    EXPECT_EQ(check_learntotalno(o), 1);
+    const IrCodeValue sent = stored_ir_code(o, 0);
+    const IrCodeValue copied = rc5(0, 12);
+    EXPECT_EQ(sent.format_id, copied.format_id);
+    EXPECT_TRUE(std::equal(copied.words.begin() + 1, copied.words.begin() + copied.word_count, sent.words.begin() + 1));
+    EXPECT_EQ(o.learning_memory[0], learned(0x33).learned_bytes);
+    EXPECT_EQ(chain_faults(o), "");
+}
+
 }  // namespace
 }  // namespace tesselo::testing

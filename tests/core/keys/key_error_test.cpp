@@ -51,6 +51,24 @@ TEST_F(KeyError, AChainReachingAFreeStepOpensTheWindowAndOkDeletesTheKeysData)
     EXPECT_EQ(c->action_steps.step_total, 1);
 }
 
+TEST_F(KeyError, OkFreesEveryStepOfTheChainToItsCountPastTheFreeOne)
+{
+    // A file written elsewhere: the free step still names the step behind it.
+    c->action_steps.steps[1].next_step = 2;
+    const std::uint8_t bitmap = c->learning_bitmap[0];
+    t.ui.queue_answer("ok");
+    load_step_rows(t.app, target, names);
+    for (int s = 0; s < 3; ++s) EXPECT_EQ(c->action_steps.steps[static_cast<std::size_t>(s)].step_type, step_free) << s;
+    // The two steps in use are gone, and with them learned codes 0 and 2
+    // (128 >> 0 and 128 >> 2); the free step had given nothing back.
+    EXPECT_EQ(c->action_steps.step_total, 0);
+    EXPECT_EQ(c->learning_bitmap[0], bitmap - (128 >> 0) - (128 >> 2));
+    EXPECT_EQ(c->action_lists.list_count, 0);
+    EXPECT_EQ(c->action_lists.entries[0].first_step, 0);
+    EXPECT_EQ(c->action_lists.entries[0].step_count, 0);
+    EXPECT_EQ(c->hardkeys[41 + 20].action_list, no_index);
+}
+
 TEST_F(KeyError, CancelChangesNothingAndTheWindowIsShownOncePerSelection)
 {
     const auto before = c->action_steps;

@@ -99,5 +99,30 @@ TEST(PageCanvas, SoftKeysShowTheirLabelsOnTheirSide)
     EXPECT_EQ(key_step_count(*config, page, 33), 4);
 }
 
+TEST(PageCanvas, EveryLookupSearchesAllTwelveSlotsSlotZeroIncluded)
+{
+    // Keys stand in their slots in the order they were made: here row 2's key
+    // in slot 0 and the title row's key behind it, in slot 1.
+    auto config = std::make_unique<Configuration>();
+    init_new_configuration(*config, 0);
+    auto& page_row = config->device_pages[3];
+    page_row.slots[0] = SoftKey{0, 2, 10, 7, 0};
+    page_row.slots[1] = SoftKey{0, 0, no_index, 8, 0};
+    config->page_table[2].key_count = 2;
+    config->softkey_labels[10].bytes = {2, 1, 2};
+    config->action_lists.entries[7] = {0, 4};
+    config->action_lists.entries[8] = {4, 2};
+    config->device_name_table[1].name.bytes = {1, 4};
+    PageRef page{false, 0, 3, 1, 2, 1, 1};
+    EXPECT_EQ(softkey_slot_at(*config, page, 2), 0);
+    EXPECT_EQ(softkey_slot_at(*config, page, 0), 1);
+    EXPECT_EQ(key_step_count(*config, page, 3 + 2 * 2), 4);  // row 2's right button
+    EXPECT_EQ(key_step_count(*config, page, 3), 2);          // the title row's key
+    const auto rows = lcd_page_rows(*config, page);
+    ASSERT_TRUE(rows[2].has_right);
+    EXPECT_EQ(rows[2].right, config->softkey_labels[10]);
+    EXPECT_EQ(rows[0].right, config->device_name_table[1].name);
+}
+
 }  // namespace
 }  // namespace tesselo

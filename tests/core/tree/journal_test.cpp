@@ -155,16 +155,80 @@ TEST_F(JournalTest, UndoAndRedoWriteTheirLogLines)
                                         "\"redo - Untitled1\""}));
 }
 
-TEST_F(JournalTest, AClosedDocumentsSnapshotRestoresIntoItsSlotWithoutAsking)
+TEST_F(JournalTest, AClosedDocumentsSnapshotsGoAndNeverReachTheDocumentThatTakesItsSlot)
 {
     add_devices(2);
+    muUndo_Click(t.app);  // one snapshot on each side
+    ASSERT_EQ(t.app.journal().undo.count, 1);
+    ASSERT_EQ(t.app.journal().redo.count, 1);
     t.ui.queue_answer("no");
     ASSERT_TRUE(close_document(t.app, 0));
+    EXPECT_EQ(t.app.journal().undo.count, 0);
+    EXPECT_EQ(t.app.journal().redo.count, 0);
+    // With no document open both are greyed.
+    EXPECT_FALSE(undo_enabled(t.app));
+    EXPECT_FALSE(redo_enabled(t.app));
+
+    // The next document takes the slot; Undo and Redo leave it as it is.
     ASSERT_EQ(muNew(t.app), 0);
-    t.take_lines();
+    EXPECT_FALSE(undo_enabled(t.app));
+    EXPECT_FALSE(redo_enabled(t.app));
     muUndo_Click(t.app);
-    EXPECT_TRUE(t.take_lines().empty());
-    EXPECT_EQ(device_count(t.app.config(0)), 1);
+    muRedo_Click(t.app);
+    EXPECT_EQ(device_count(t.app.config(0)), 0);
+    EXPECT_EQ(t.app.config(0).page_table[0].node_key, "HOME1\\PAGE1");
+}
+
+TEST_F(JournalTest, ClosingOneDocumentKeepsTheOthersSnapshotsInTheirOrder)
+{
+    ASSERT_EQ(muNew(t.app), 1);
+    t.app.activate(0);
+    AddDevice(t.app, add_ordinary);  // slot 0
+    t.app.activate(1);
+    AddDevice(t.app, add_ordinary);  // slot 1
+    t.app.activate(0);
+    AddDevice(t.app, add_ordinary);  // slot 0
+    t.app.activate(1);
+    AddDevice(t.app, add_ordinary);  // slot 1
+    ASSERT_EQ(t.app.journal().undo.count, 4);
+    t.ui.queue_answer("no");
+    ASSERT_TRUE(close_document(t.app, 0));
+    const Journal& j = t.app.journal();
+    ASSERT_EQ(j.undo.count, 2);
+    EXPECT_EQ(j.undo.document[0], 1);
+    EXPECT_EQ(j.undo.document[1], 1);
+    EXPECT_TRUE(undo_enabled(t.app));
+    muUndo_Click(t.app);
+    EXPECT_EQ(device_count(t.app.config(1)), 1);
+    muUndo_Click(t.app);
+    EXPECT_EQ(device_count(t.app.config(1)), 0);
+    EXPECT_FALSE(undo_enabled(t.app));
+    EXPECT_TRUE(redo_enabled(t.app));
+}
+
+TEST_F(JournalTest, ARefusedCloseKeepsTheDocumentsSnapshots)
+{
+    add_devices(1);
+    t.ui.queue_answer("cancel");
+    EXPECT_FALSE(close_document(t.app, 0));
+    EXPECT_EQ(t.app.journal().undo.count, 1);
+    EXPECT_TRUE(undo_enabled(t.app));
+}
+
+TEST_F(JournalTest, UndoSelectsTheSameNodeByItsKeyWhereItStillExists)
+{
+    add_devices(3);
+    select("DEVICE21");
+    ASSERT_TRUE(cut_devicepage(t.app, cut_mode_delete));
+    select("DEVICE31");
+    const int before = tree().selected();
+    // DEVICE21's nodes come back in front of DEVICE31's: the index now names
+    // another node.
+    muUndo_Click(t.app);
+    ASSERT_NE(tree().find("DEVICE21"), 0);
+    ASSERT_NE(tree().find("DEVICE31"), before);
+    EXPECT_EQ(tree().node(tree().selected()).key, "DEVICE31");
+    EXPECT_EQ(t.app.selection().node_key, "DEVICE31");
 }
 
 TEST_F(JournalTest, ASnapshotKeepsTheLearnedKeyNumbersOfTheDocument)
