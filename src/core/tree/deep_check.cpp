@@ -212,7 +212,6 @@ private:
     void walk_steps()
     {
         std::map<int, int> learned_by;
-        std::set<int> learned_used;
         for (const auto& [row, list] : step_list_) {
             (void)list;
             const ActionStep& s = c_.action_steps.steps[at(row)];
@@ -225,7 +224,6 @@ private:
                     say(step_words(row), "sends the learned code " + std::to_string(number) + ", whose slot is free");
                     continue;
                 }
-                learned_used.insert(number);
                 // A learned code is the key's own; a My Database learned code names it.
                 if (s.step_type == step_learning) {
                     auto [it, fresh] = learned_by.emplace(number, row);
@@ -237,9 +235,6 @@ private:
                 check_link(row, s);
             }
         }
-        for (int n = 0; n < learned_codes; ++n)
-            if ((c_.learning_bitmap[at(n / 8)] & (128 >> (n % 8))) && !learned_used.count(n))
-                say("learned code " + std::to_string(n), "is kept though no step sends it");
     }
 
     void check_jump(int row, const ActionStep& s)
