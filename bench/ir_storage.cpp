@@ -71,7 +71,7 @@ struct BigMyDatabase : bench::BenchHost {
                     const int model = store.add_mydata_name(level_model, "MODEL" + std::to_string(m), device);
                     for (int f = 0; f < 10; ++f) {
                         const int function = store.add_mydata_name(level_function, "FUNCTION" + std::to_string(f), model);
-                        store.set_node_code(function, store.put_mykey_record(0, function, numbered_code(((b * 10 + d) * 10 + m) * 10 + f)));
+                        store.put_mykey_record(0, function, numbered_code(((b * 10 + d) * 10 + m) * 10 + f));
                     }
                 }
             }

@@ -214,6 +214,26 @@ TEST_F(CliTree, ScriptOperationsOfTheTree)
     EXPECT_EQ(j["device_name_table"][1]["node_key"], "DEVICE21");
 }
 
+TEST_F(CliTree, TreePrintsTheNodesInTheTreesOrderAndMoveUpChangesIt)
+{
+    // Move Up makes the page anew in front of its sibling: its copy is the
+    // last node made (index 10, after the old node 7 has gone and the nodes
+    // behind it dropped one), and the tree shows it before PAGE1.
+    const auto r = run_cli("script - " + arg(), "open " + built() + "\nselect DEVICE11\\PAGE2\nmove-up\ntree\n");
+    EXPECT_EQ(r.status, 0) << r.out;
+    EXPECT_EQ(r.out, "status \"Load Configuration\"\n"
+                     "1\t0\tHOME1\tHOME\thome\n"
+                     "2\t1\tHOME1PROPERTIES\tPROPERTIES\tproperties\n"
+                     "3\t1\tHOME1\\PAGE1\tPAGE1\ttv\n"
+                     "4\t0\tDEVICE11\tDEVICE1\tdevice\n"
+                     "5\t4\tDEVICE11PROPERTIES\tDEVICE1 PROPERTIES\tproperties\n"
+                     "10\t4\tDEVICE11\\PAGE2\tPAGE2\ttv\n"
+                     "6\t4\tDEVICE11\\PAGE1\tPAGE1\ttv\n"
+                     "7\t0\tDEVICE21\tDEVICE2\tdevice\n"
+                     "8\t7\tDEVICE21PROPERTIES\tDEVICE2 PROPERTIES\tproperties\n"
+                     "9\t7\tDEVICE21\\PAGE1\tPAGE1\ttv\n");
+}
+
 TEST_F(CliTree, ScriptRefusalsAndUnknownNodes)
 {
     EXPECT_EQ(run_cli("script - " + arg(), "new\nselect DEVICE99\n").status, 2);

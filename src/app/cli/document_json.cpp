@@ -105,8 +105,10 @@ json document_json(Application& app, int document)
 
 void print_tree(Application& app, int slot, std::ostream& out)
 {
+    // In the order the tree shows its nodes: each one before its children,
+    // siblings in their order, whatever order they were added in.
     const TreeModel& tree = app.tree(slot);
-    for (int i = 1; i <= tree.count(); ++i) {
+    for (int i : tree.tree_order()) {
         const TreeNode& n = tree.node(i);
         out << i << '\t' << n.parent << '\t' << n.key << '\t' << n.text << '\t' << n.image << '\n';
     }

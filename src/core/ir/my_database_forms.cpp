@@ -82,15 +82,13 @@ RegisterOutcome register_ir_code(Ui& ui, MyDatabaseStore& store, const MyDbNames
             return RegisterOutcome::kept;
         // The function's own record is written again; one that lost its
         // record gets a new one.
-        const int existing = store.mydata_record(function)->next;
-        const int number = store.put_mykey_record(existing, function, code);
-        if (number < 0 || (number != existing && !store.set_node_code(function, number)))
+        if (store.put_mykey_record(store.code_record(function), function, code) < 0)
             return store_failed(ui, store), RegisterOutcome::failed;
         return RegisterOutcome::overwritten;
     }
     const int node = store.add_mydata_name(level_function, names[3], parent);
     const int number = node < 0 ? -1 : store.put_mykey_record(0, node, code);
-    if (number < 0 || !store.set_node_code(node, number)) return store_failed(ui, store), RegisterOutcome::failed;
+    if (number < 0) return store_failed(ui, store), RegisterOutcome::failed;
     return RegisterOutcome::registered;
 }
 
@@ -203,7 +201,7 @@ bool NewIRData::ok()
     if (node <= 0) return false;
     const auto record = app_.my_database().code_of_function(node);
     if (!record) return false;
-    const IrCodeValue code = code_of_key_record(*record);
+    const IrCodeValue code = app_.my_database().code_of(*record);
     std::string name = code.learned ? "MYDATABASE LEARNING CODE " : "MYDATABASE CODE ";
     for (int level = level_brand; level <= level_function; ++level)
         name += (level == level_brand ? "" : "-") + names_[level - level_brand][at(chosen_[level - level_brand])];

@@ -1,5 +1,9 @@
 #include "core/ir/my_database_store.h"
 
+#include "core/ir/ir_library.h"
+#include "core/ir/ir_library_layout.h"
+#include "core/ir/rc_formats.h"
+
 #include <algorithm>
 #include <fstream>
 #include <iterator>
@@ -49,6 +53,20 @@ constexpr int owner_at = 208;
 std::uint32_t byte_sum(const std::uint8_t* p, int n) { return std::accumulate(p, p + n, 0u); }
 
 bool is_free(const MyDbRecord& r) { return r.name == mydb_free_name; }
+
+// The id of the built-in RC format with these words, or 0.
+std::int16_t rc_format_id(const IrFormatRecord& format)
+{
+    const std::pair<void (*)(IrFormatRecord&), std::int16_t> formats[] = {
+        {default_IR5Type, format_id_rc5}, {default_IR5XType, format_id_rc5x},
+        {default_IR60Type, format_id_rc6}, {default_IR6AType, format_id_rc6a}};
+    for (const auto& [fill, id] : formats) {
+        IrFormatRecord record{};
+        fill(record);
+        if (record == format) return id;
+    }
+    return 0;
+}
 
 }  // namespace
 
@@ -116,8 +134,7 @@ MyKeyRecord key_record_of(const IrCodeValue& code)
         std::copy(code.learned_bytes.begin(), code.learned_bytes.end(), r.data.begin());
     } else {
         const int count = std::clamp(code.word_count, 0, ir_record_words);
-        r.kind = mykey_kind_code | static_cast<std::uint32_t>(count) << 8 |
-                 static_cast<std::uint32_t>(static_cast<std::uint16_t>(code.format_id)) << 16;
+        r.kind = mykey_kind_code | static_cast<std::uint32_t>(count) << 8;
         for (int i = 0; i < count; ++i) {
             const auto w = static_cast<std::uint16_t>(code.words[at(i)]);
             r.data[at(2 * i)] = static_cast<std::uint8_t>(w & 0xFF);
@@ -143,11 +160,11 @@ IrCodeValue code_of_key_record(const MyKeyRecord& record)
         return code;
     }
     code.word_count = std::clamp<int>(static_cast<int>((record.kind >> 8) & 0xFF), 0, ir_record_words - 2);
-    code.format_id = static_cast<std::int16_t>(static_cast<std::uint16_t>(record.kind >> 16));
     for (int i = 0; i < code.word_count; ++i)
         code.words[at(i)] = static_cast<std::int16_t>(record.data[at(2 * i)] | record.data[at(2 * i + 1)] << 8);
     for (int i = 0; i < ir_format_words; ++i)
         code.format[at(i)] = static_cast<std::int16_t>(record.format[at(2 * i)] | record.format[at(2 * i + 1)] << 8);
+    code.format_id = rc_format_id(code.format);
     return code;
 }
 
@@ -229,7 +246,7 @@ bool MyDatabaseStore::load()
     const bool data = open(mydata_, mydata_file_name, mydata_record_length, fresh_name_file(mydata_record_length, true), bytes);
     for (int n = 0; data && n < mydata_.records; ++n)
         data_.push_back(decode_name_record(&bytes[at(n * mydata_record_length)], mydata_record_length));
-    return key && list && data;
+    return key && list && data && convert_earlier_layout();
 }
 
 bool MyDatabaseStore::write_record(File& file, int number, const std::vector<std::uint8_t>& record)
@@ -342,10 +359,18 @@ int MyDatabaseStore::find_mydata_name(const std::string& name, int level, int pa
 
 int MyDatabaseStore::add_mydata_name(int level, const std::string& name, int parent)
 {
+    // The new record goes at the end of the chain of records in use.
+    const int last = name_record(data_, 2).link;
     const int number = take_record(mydata_, data_);
     if (number < 0) return -1;
-    const MyDbRecord node{number, right_trimmed(name.substr(0, mydb_name_bytes)), level, 0, parent, 0};
-    return put_name_record(mydata_, data_, node) ? number : -1;
+    const int previous = last >= mydb_first_record && last < number ? last : number - 1;
+    const MyDbRecord node{number, right_trimmed(name.substr(0, mydb_name_bytes)), level == level_brand ? level_brand : parent,
+                          0, previous, 0};
+    if (!put_name_record(mydata_, data_, node)) return -1;
+    MyDbRecord before = name_record(data_, previous);
+    if (before.number != previous) return number;
+    before.next = number;
+    return put_name_record(mydata_, data_, before) ? number : -1;
 }
 
 std::vector<int> MyDatabaseStore::mydata_children(int level, int parent) const
@@ -353,7 +378,8 @@ std::vector<int> MyDatabaseStore::mydata_children(int level, int parent) const
     std::vector<int> nodes;
     for (int n = mydb_first_name; n <= static_cast<int>(data_.size()); ++n) {
         const MyDbRecord& r = data_[at(n - 1)];
-        if (r.number == n && r.link == level && r.previous == parent && !is_free(r)) nodes.push_back(n);
+        if (r.number != n || is_free(r)) continue;
+        if (level == level_brand ? r.link == level_brand : r.link == parent && level_of(n) == level) nodes.push_back(n);
     }
     return nodes;
 }
@@ -364,22 +390,53 @@ std::optional<MyDbRecord> MyDatabaseStore::mydata_record(int number) const
     return data_[at(number - 1)];
 }
 
-bool MyDatabaseStore::set_node_code(int node, int code)
+int MyDatabaseStore::code_record(int node) const
 {
-    MyDbRecord r = name_record(data_, node);
-    if (r.number != node) return false;
-    r.next = code;
-    return put_name_record(mydata_, data_, r);
+    int found = 0;
+    for (int n = mydb_first_record; n <= static_cast<int>(keys_.size()); ++n) {
+        const MyKeyRecord& r = keys_[at(n - 1)];
+        const std::uint32_t low = r.kind & 0xFF;
+        if (r.number == n && r.owner == node && (low == 4 || low == 5)) found = n;
+    }
+    return found;
+}
+
+IrCodeValue MyDatabaseStore::code_of(const MyKeyRecord& record) const
+{
+    IrCodeValue code = code_of_key_record(record);
+    if (code.learned || code.format_id != 0) return code;
+    const auto library = ir_library_path(folder_);
+    auto handle = CreateGetIR();
+    IrFormatRecord format{};
+    GetIRType(handle.get(), 0, format, library);  // reads the library once
+    for (const std::int16_t id : read_ir_directory(handle->bytes).format_ids)
+        if (GetIRType(handle.get(), id, format, library) == 1 && format == code.format) {
+            code.format_id = id;
+            break;
+        }
+    return code;
 }
 
 std::optional<MyKeyRecord> MyDatabaseStore::code_of_function(int node) const
 {
-    const MyDbRecord function = name_record(data_, node);
-    if (function.number != node || function.link != level_function) return std::nullopt;
+    if (level_of(node) != level_function) return std::nullopt;
     MyKeyRecord record;
-    if (get_mykey_record(function.next, record) != 1 || record.owner != node) return std::nullopt;
+    if (get_mykey_record(code_record(node), record) != 1) return std::nullopt;
     if (!names_of_function(node)) return std::nullopt;
     return record;
+}
+
+int MyDatabaseStore::level_of(int node) const
+{
+    // Up through the heads of the lists, to the brands' head.
+    int n = node;
+    for (int depth = 0; depth < level_function - level_brand + 1; ++depth) {
+        const MyDbRecord r = name_record(data_, n);
+        if (n < mydb_first_name || r.number != n || is_free(r)) return 0;
+        n = r.link;
+        if (n == level_brand) return level_brand + depth;
+    }
+    return 0;
 }
 
 std::optional<MyDbNames> MyDatabaseStore::names_of_function(int node) const
@@ -389,11 +446,11 @@ std::optional<MyDbNames> MyDatabaseStore::names_of_function(int node) const
     int n = node;
     for (int level = level_function; level >= level_brand; --level) {
         const MyDbRecord r = name_record(data_, n);
-        if (n < mydb_first_name || r.number != n || r.link != level || is_free(r)) return std::nullopt;
+        if (n < mydb_first_name || r.number != n || is_free(r)) return std::nullopt;
         names[at(level - level_brand)] = r.name;
-        n = r.previous;
+        n = r.link;
     }
-    if (n != 0) return std::nullopt;
+    if (n != level_brand) return std::nullopt;
     return names;
 }
 

@@ -36,8 +36,7 @@ inline const std::string mydb_end_name = "_##END##_";
 inline const std::string select_one = "Select one";
 
 // Kinds of a mykey.fil record: the low byte 4 with the word count in the
-// next byte (and the format's id in the two high bytes), or 0x4005 for a
-// learned code.
+// next byte, or 0x4005 for a learned code. Nothing else is kept in the kind.
 inline constexpr std::uint32_t mykey_kind_code = 4;
 inline constexpr std::uint32_t mykey_kind_learned = 0x4005;
 
@@ -45,10 +44,14 @@ inline constexpr std::uint32_t mykey_kind_learned = 0x4005;
 struct MyDbRecord {
     std::int32_t number = 0;
     std::string name;
-    std::int32_t link = 0;         // mylist: a name's level; mydata: a node's level, a head's own number
+    // mylist: a name's level. mydata: a head's own number; for a node the
+    // head of the list it stands on: 11 for a brand, else its parent node.
+    std::int32_t link = 0;
     std::int32_t next_to_use = 0;  // record 1: the next record to use
-    std::int32_t previous = 0;     // mydata: a node's parent, a head's previous head
-    std::int32_t next = 0;         // mydata: a function's code in mykey.fil, a head's next head
+    // mydata: the records in use, chained from 11 in the order they were
+    // made; record 2 names the last.
+    std::int32_t previous = 0;
+    std::int32_t next = 0;
 };
 
 // A record of mykey.fil.
@@ -68,7 +71,9 @@ MyDbRecord decode_name_record(const std::uint8_t* bytes, int record_length);
 std::vector<std::uint8_t> encode_key_record(const MyKeyRecord& record);
 MyKeyRecord decode_key_record(const std::uint8_t* bytes);
 
-// A code as a mykey.fil record holds it, and back.
+// A code as a mykey.fil record holds it, and back. The format's id is not
+// in the record: it is the id of the built-in RC format with the same words,
+// else 0 (MyDatabaseStore::code_of also asks the IR library).
 MyKeyRecord key_record_of(const IrCodeValue& code);
 IrCodeValue code_of_key_record(const MyKeyRecord& record);
 
@@ -103,6 +108,10 @@ public:
     // Adds a name to a level's list; false when the file cannot be written.
     bool add_list_name(int level, const std::string& name);
 
+    // The code of a record, its format's id found by the format's words
+    // among the built-in RC formats and the IR library's formats.
+    IrCodeValue code_of(const MyKeyRecord& record) const;
+
     // find_mydata_name: the node of that name on `level` whose parent is
     // `parent` (0 for a brand), or 0.
     int find_mydata_name(const std::string& name, int level, int parent) const;
@@ -111,8 +120,8 @@ public:
     // The nodes of `level` under `parent`, by number.
     std::vector<int> mydata_children(int level, int parent) const;
     std::optional<MyDbRecord> mydata_record(int number) const;
-    // Points function node `node` at its code in mykey.fil.
-    bool set_node_code(int node, int code);
+    // The mykey.fil record that function node `node` owns, or 0.
+    int code_record(int node) const;
 
     // The code of a function node, with its chain verified from the function
     // up to the brand; nothing when a link is broken.
@@ -137,6 +146,12 @@ private:
     // the last in use (record 2).
     int take_record(File& file, std::vector<MyDbRecord>& records);
     std::optional<MyDbNames> names_of_function(int node) const;
+    // The level (11 to 14) of a node by the heads of its lists, or 0.
+    int level_of(int node) const;
+    // Files of the earlier layout (a node's level at 58, its parent at 66, a
+    // function's code at 70, the format's id in a code's kind) are written
+    // again in this one, every code kept. False when one cannot be written.
+    bool convert_earlier_layout();
 
     std::filesystem::path folder_;
     File mykey_, mydata_, mylist_;

@@ -91,8 +91,10 @@ bool drop_link(Application& app, const KeyEnd& source, const KeyEnd& target)
         fields.value = static_cast<std::uint16_t>(key + 1);
         fields.extra = static_cast<std::uint8_t>(key + 1);
     } else {
+        // The soft key's number is its label entry; the title row's key has
+        // none (its label is the device's name), so it is no key to link to.
         const SoftKey* key = softkey_at(app.config(source.page.slot), *from);
-        if (!key) {
+        if (!key || key->label_index == no_index) {
             app.ui().message(title_main, no_key_linkable, Icon::exclamation);
             return false;
         }

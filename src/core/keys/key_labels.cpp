@@ -116,7 +116,8 @@ bool write_label(Application& app, const LabelTarget& target, const KeyLabel& la
 }
 
 // Whether a write can land: a soft position without a key needs a free
-// slot on its page and a free label entry.
+// slot on its page and a free label entry. A page has a slot for each of
+// its twelve positions, so only a full label table refuses.
 bool can_write(const Configuration& config, const LabelTarget& target)
 {
     if (target.kind != LabelTarget::Kind::softkey || target.place.slot >= 0) return true;
@@ -138,12 +139,16 @@ bool put_glyph(Application& app, const LabelTarget& target, int glyph, int caret
     const Configuration& config = app.config(target.slot);
     KeyLabel label = read_label(config, target);
     const int length = label_length(label, target);
+    // The opening line comes first: a refused glyph is logged as tried.
+    app.write_log((hard ? "change keyname(hardkey) (start) " : "change keyname (start) ") + target.caption);
     if (length >= label_glyphs) {
         app.ui().message(title_alt, max_character_message, Icon::exclamation);
         return false;
     }
-    if (!can_write(config, target)) return false;
-    app.write_log((hard ? "change keyname(hardkey) (start) " : "change keyname (start) ") + target.caption);
+    if (!can_write(config, target)) {
+        app.ui().message(title_alt, label_table_full_message, Icon::exclamation);
+        return false;
+    }
     begin_edit(app);
     caret = caret < 0 ? 0 : caret > length ? length : caret;
     for (int i = length; i > caret; --i) label.bytes[static_cast<std::size_t>(1 + i)] = label.bytes[static_cast<std::size_t>(i)];

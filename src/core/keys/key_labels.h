@@ -11,6 +11,9 @@ namespace tesselo {
 class Application;
 
 inline const std::string max_character_message = "Max. Character is exceed";
+// A soft position without a key gets one with its first glyph; with all 924
+// label entries taken it cannot.
+inline const std::string label_table_full_message = "Exceed key labels";
 
 // What the Label field edits, found afresh from the selection for every
 // gesture: a soft key's label, a hard key's label, or a device's name. A
@@ -40,7 +43,8 @@ int label_length(const KeyLabel& label, const LabelTarget& target);
 
 // change_keyname (soft keys and device names) and change_hardkeyname: put
 // `glyph` at `caret`, the later glyphs moving up one place. The tenth glyph
-// is refused with "Max. Character is exceed" before anything changes. One
+// is refused with "Max. Character is exceed", and a key that cannot get a
+// label entry with "Exceed key labels", before anything changes. One
 // journal entry; the row box, the tree's texts and the log follow.
 bool change_keyname(Application& app, const LabelTarget& target, int glyph, int caret);
 bool change_hardkeyname(Application& app, const LabelTarget& target, int glyph, int caret);

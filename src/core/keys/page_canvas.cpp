@@ -202,16 +202,8 @@ std::string page_node_key(const Configuration& config, const PageRef& page)
 
 std::string key_label_text(const KeyLabel& label, int count)
 {
-    std::string text;
-    if (count > label_glyphs) return text;  // a free label
-    for (int i = 0; i < count; ++i) {
-        const int code = label.bytes[static_cast<std::size_t>(1 + i)];
-        const int character = check_bmptag(code);
-        if (code == 0) text.push_back(' ');
-        else if (code > 69) text.push_back('=');
-        else if (character > 0) text.push_back(static_cast<char>(character));
-    }
-    return text;
+    if (count > label_glyphs) return {};  // a free label
+    return label_to_text(label, count);
 }
 
 std::string key_label_text(const Configuration& config, const PageRef& page, int index)

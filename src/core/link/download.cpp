@@ -40,8 +40,8 @@ bool download_image(Application& app, std::vector<std::uint8_t>& image, std::siz
     const OpeningResult opening = open_exchange(link, tag_download, download_times);
     switch (opening.outcome) {
     case Opening::ok: break;
-    // The same plain box as Upload's.
-    case Opening::no_device: ui.message(title_main, text_no_usb_device, Icon::none); return false;
+    // A failure of the link, so the exclamation mark; only Upload's box is plain.
+    case Opening::no_device: ui.message(title_main, text_no_usb_device, Icon::exclamation); return false;
     case Opening::wake_up_failed:
     case Opening::reply_empty:
     case Opening::reply_wrong_tag: show_link_failure(ui, with_common_tail(text_download_failed)); return false;

@@ -23,8 +23,13 @@ namespace {
 class UploadEnd {
 public:
     explicit UploadEnd(Application& app) : app_(app) {}
-    ~UploadEnd()
+    ~UploadEnd() { finish(); }
+    // Once, at the first call: a finished upload gives the commands back
+    // before its closing pause.
+    void finish()
     {
+        if (finished_) return;
+        finished_ = true;
         app_.link().close_usb();
         wait_.reset();
         app_.ui().download_window_unload();
@@ -38,6 +43,7 @@ public:
 private:
     Application& app_;
     std::unique_ptr<WaitCursor> wait_;
+    bool finished_ = false;
 };
 
 int slots_taken(const Application& app)
@@ -96,6 +102,7 @@ bool muUpload_Click(Application& app)
     }
     ui.repaint();
     ui.message(title_main, text_upload_finished, Icon::none);
+    end.finish();
     TIMEDELAY(app.clock(), 500);
     return true;
 }

@@ -23,17 +23,21 @@ std::size_t at(int i) { return static_cast<std::size_t>(i); }
 // A slot of no key, as a new document has them: no list.
 constexpr SoftKey free_slot{0, 0, 0, no_index, 0};
 
-// Closes the Remote windows of `slot` that `closes` names, from the last to the first.
+// Closes the Remote windows of `slot` that `closes` names, from the last to
+// the first; how many it closed.
 template <typename Pred>
-void close_windows(Application& app, int slot, Pred closes)
+int close_windows(Application& app, int slot, Pred closes)
 {
+    int closed = 0;
     auto& windows = app.page_windows().all();
     for (int w = static_cast<int>(windows.size()) - 1; w >= 0; --w) {
         if (windows[at(w)].slot != slot || !closes(windows[at(w)].caption)) continue;
         const std::string caption = windows[at(w)].caption;
         app.page_windows().remove(w);
         app.notify([slot, &caption](ApplicationListener& l) { l.page_window_closed(slot, caption); });
+        ++closed;
     }
+    return closed;
 }
 
 void free_list(Configuration& config, std::int32_t& list)
@@ -255,7 +259,8 @@ void delete_device(Application& app, int slot, const std::string& device_key)
     follow_home_keys(config);
 
     const std::string prefix = device_key + "\\";
-    close_windows(app, slot, [&prefix](const std::string& caption) { return caption.rfind(prefix, 0) == 0; });
+    if (close_windows(app, slot, [&prefix](const std::string& caption) { return caption.rfind(prefix, 0) == 0; }) > 0)
+        app.write_log("close all page (Delete device) ");
     const int number = device_number_of_key(device_key, slot);
     tree.remove(tree.find(device_key));
     if (number >= 1 && number <= max_devices) config.device_numbers_used[at(number - 1)] = 0;

@@ -47,14 +47,7 @@ std::string decode_device_name(const KeyLabel& name)
     int length = name.bytes[0];
     if (length > label_glyphs) length = name.bytes[0] & 0x0F;
     if (length > label_glyphs) length = label_glyphs;
-    std::string text;
-    for (int plane = 1; plane <= length; ++plane) {
-        const int code = name.bytes[static_cast<std::size_t>(plane)];
-        if (code == 0) text += ' ';
-        else if (code > 69) text += '=';
-        else text += static_cast<char>(check_bmptag(code));
-    }
-    return text;
+    return label_to_text(name, length);
 }
 
 KeyLabel default_device_name(int number)

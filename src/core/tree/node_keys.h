@@ -37,8 +37,7 @@ int page_number_of_key(const std::string& key);
 // the tail 110 is device 1 of document 10 and device 11 of document 0.
 int device_number_of_key(const std::string& key, int slot);
 
-// A device's name as the tree shows it: code 0 a blank, a code above 69 "=",
-// any other through check_bmptag.
+// A device's name as the tree shows it, its text form by label_to_text.
 std::string decode_device_name(const KeyLabel& name);
 
 // The label "DEVICE" followed by the number, in glyphs.

@@ -16,7 +16,7 @@ std::unique_ptr<Configuration> device_with_pages(int pages, const std::vector<So
     c->page_table[0].key_count = 2;
     c->home_pages[0].slots[0].label_index = no_index;
     c->home_pages[0].slots[1] = {0, 1, 0, 0, 0};
-    c->device_name_table[1].name = {{3, 20, 22, 49, 0, 0, 0, 0, 0, 0}};
+    c->device_name_table[1].name = {{3, 20, 22, 49, 0, 0, 0, 0, 0, 0}};  // "TV@": glyph 49 is typed "@"
     c->device_table[1].page_count = static_cast<std::uint8_t>(pages);
     for (int p = 0; p < pages; ++p) {
         auto& entry = c->page_table[static_cast<std::size_t>(1 + p)];
@@ -67,7 +67,7 @@ TEST(CheckImage, ASharedLabelIsType1OncePerPair)
     Check check(*c);
     EXPECT_TRUE(check.found);
     EXPECT_EQ(check.records(), (std::vector<std::string>{"1 7 0"}));
-    EXPECT_EQ(check.rows, (std::vector<std::string>{"TV#/PAGE1/KEY2"}));
+    EXPECT_EQ(check.rows, (std::vector<std::string>{"TV@/PAGE1/KEY2"}));
 }
 
 TEST(CheckImage, HalvesWhosePositionsDoNotDifferBy128AreAFault)
@@ -97,7 +97,7 @@ TEST(CheckImage, ALeftHalfWithoutItsPartnerIsType3OncePerPage)
     auto c = device_with_pages(2, {{0, 131, 7, 3, 0}, {0, 1, 8, 4, 0}, {0, 132, 9, 5, 0}});
     Check check(*c);
     EXPECT_EQ(check.records(), (std::vector<std::string>{"3 1 1", "3 2 1"}));
-    EXPECT_EQ(check.rows[0], "TV#/PAGE1/KEY1");
+    EXPECT_EQ(check.rows[0], "TV@/PAGE1/KEY1");
 }
 
 TEST(CheckImage, FaultsOnHomePagesAreFoundLikeThoseOfDevicePages)

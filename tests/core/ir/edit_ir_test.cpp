@@ -4,6 +4,7 @@
 #include "core/ir/edit_ir_fixture.h"
 #include "core/ir/ir_storage.h"
 #include "core/ir/learn_test_ir.h"
+#include "core/ir/my_database_forms.h"
 #include "core/ir/rc_formats.h"
 #include "core/tree/journal.h"
 
@@ -209,6 +210,27 @@ TEST_F(EditIrTest, ALibraryCodeNamesItsCodeInValueAndExtra)
     EXPECT_TRUE(dialog.duration_applies());  // no code chosen yet
     library("tv000", 4);
     EXPECT_FALSE(dialog.duration_applies());
+}
+
+TEST_F(EditIrTest, ALibraryCodeFromMyDatabaseFindsItsFormatsIdByTheFormatsWords)
+{
+    library("tv000", 3);
+    const IrCodeValue registered = t.app.current_ir.value();
+    ASSERT_NE(registered.format_id, 0);
+    ASSERT_EQ(register_ir_code(t.app.ui(), t.app.my_database(), {"ACME", "TV", "X1", "POWER"}, registered),
+              RegisterOutcome::registered);
+    // The record holds no id: the kind is 4 and the word count.
+    MyKeyRecord record;
+    ASSERT_EQ(t.app.my_database().get_mykey_record(11, record), 1);
+    EXPECT_EQ(record.kind, 4u | static_cast<std::uint32_t>(registered.word_count) << 8);
+    t.app.current_ir = CurrentIrCode{};
+    NewIRData pick(t.app);
+    for (const auto& [level, name] : {std::pair{level_brand, "ACME"}, std::pair{level_device, "TV"},
+                                      std::pair{level_model, "X1"}, std::pair{level_function, "POWER"}})
+        ASSERT_TRUE(pick.choose_name(level, name)) << name;
+    ASSERT_TRUE(pick.ok());
+    EXPECT_EQ(t.app.current_ir.format_id, registered.format_id);
+    EXPECT_EQ(t.app.current_ir.format_record(), registered.format);
 }
 
 // Fills ir_data up to its 8000 records with codes of one word each.

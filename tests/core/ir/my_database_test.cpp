@@ -10,6 +10,7 @@
 #include "core/ir/my_database_forms.h"
 #include "core/ir/my_database_store.h"
 #include "core/ir/rc56_edit.h"
+#include "core/ir/rc_formats.h"
 #include "core/keys/ir_step_names.h"
 #include "support/test_app.h"
 
@@ -193,10 +194,14 @@ TEST_F(MyDatabaseTest, RegisteringWalksAndAddsTheFourLevelsAndWritesTheCode)
         const std::size_t at = record(15 + i, 124);
         EXPECT_EQ(u32(d, at), static_cast<std::uint32_t>(15 + i));
         EXPECT_EQ(name_at(d, at + 8), blank_filled(names[i]));
-        EXPECT_EQ(u32(d, at + 58), static_cast<std::uint32_t>(11 + i));           // its level
-        EXPECT_EQ(u32(d, at + 66), i == 0 ? 0u : static_cast<std::uint32_t>(14 + i));  // its parent
+        // The head of its list: the brands' head 11, else the node above it.
+        EXPECT_EQ(u32(d, at + 58), i == 0 ? 11u : static_cast<std::uint32_t>(14 + i));
+        // Previous and next: the records in use chained in the order they were made.
+        EXPECT_EQ(u32(d, at + 66), static_cast<std::uint32_t>(14 + i));
+        EXPECT_EQ(u32(d, at + 70), i == 3 ? 0u : static_cast<std::uint32_t>(16 + i));
     }
-    EXPECT_EQ(u32(d, record(18, 124) + 70), 11u);  // the function's code in mykey.fil
+    EXPECT_EQ(u32(d, record(14, 124) + 70), 15u);  // the last head leads on to the first node
+    EXPECT_EQ(u32(d, record(2, 124) + 58), 18u);   // "_##END##_": the last record in use
 
     const auto k = file("mykey.fil");
     ASSERT_EQ(k.size(), 11u * 212u);
@@ -204,10 +209,8 @@ TEST_F(MyDatabaseTest, RegisteringWalksAndAddsTheFourLevelsAndWritesTheCode)
     EXPECT_EQ(u32(k, record(2, 212) + 4), 12u);  // the next record to use
     const std::size_t at = record(11, 212);
     EXPECT_EQ(u32(k, at), 11u);
-    // The kind: 4, the word count 8, the format's id 5.
-    EXPECT_EQ(k[at + 4], 4);
-    EXPECT_EQ(k[at + 5], 8);
-    EXPECT_EQ(k[at + 6] | k[at + 7] << 8, 5);
+    // The kind: 4, the word count 8, and nothing more.
+    EXPECT_EQ(u32(k, at + 4), 4u | 8u << 8);
     // The data: the RC5 words of system 0 and command 12, low byte first.
     const int w3 = (~0 & 31) * 256, w7 = ((~12 & 63) * 4) * 256;
     const int words[] = {2, 0x8010, 0x0806, w3, w3 | 0x2000, w3, w3 | 0x2000, w7};
@@ -253,6 +256,110 @@ TEST_F(MyDatabaseTest, TheSameFourNamesTwiceAskTheOverwriteQuestion)
     EXPECT_EQ(code_of_key_record(rewritten).words[3], static_cast<std::int16_t>((~1 & 31) * 256));
     EXPECT_EQ(t.app.my_database().code_count(), 1);
     EXPECT_EQ(file("mykey.fil").size(), 11u * 212u);
+}
+
+// A name record of mydata.fil as the earlier layout wrote it.
+std::vector<char> earlier_record(int number, const std::string& name, int at58, int at66, int at70)
+{
+    std::vector<char> r(124, 0);
+    const auto put = [&](int at, int v) {
+        for (int i = 0; i < 4; ++i) r[static_cast<std::size_t>(at + i)] = static_cast<char>((v >> (8 * i)) & 0xFF);
+    };
+    put(0, number);
+    put(4, number);
+    for (int i = 0; i < 50; ++i) r[static_cast<std::size_t>(8 + i)] = i < static_cast<int>(name.size()) ? name[static_cast<std::size_t>(i)] : ' ';
+    put(58, at58);
+    put(66, at66);
+    put(70, at70);
+    return r;
+}
+
+TEST_F(MyDatabaseTest, FilesOfTheEarlierLayoutAreConvertedOnFirstUseKeepingEveryCode)
+{
+    // Two codes under ACME / CABLE / X1, written as the earlier layout did:
+    // a node's level at 58, its parent at 66, a function's code at 70, and
+    // the format's id (RC5, 5) in the kind's two high bytes.
+    {
+        std::ofstream d(t.home.path() / "mydata.fil", std::ios::binary);
+        const auto write = [&](const std::vector<char>& r) { d.write(r.data(), 124); };
+        write(earlier_record(1, "_##FREE##_", 0, 0, 0));
+        auto end = earlier_record(2, "_##END##_", 19, 0, 0);
+        end[62] = 0;
+        write(end);
+        for (int n = 3; n <= 10; ++n) write(std::vector<char>(124, 0));
+        for (int head = 11; head <= 14; ++head)
+            write(earlier_record(head, "Select one", head, head == 11 ? 0 : head - 1, head == 14 ? 0 : head + 1));
+        write(earlier_record(15, "ACME", 11, 0, 0));
+        write(earlier_record(16, "CABLE", 12, 15, 0));
+        write(earlier_record(17, "X1", 13, 16, 0));
+        write(earlier_record(18, "POWER", 14, 17, 12));  // its code is record 12
+        write(earlier_record(19, "MUTE", 14, 17, 11));   // and this one record 11
+    }
+    {
+        std::ofstream k(t.home.path() / "mykey.fil", std::ios::binary);
+        std::vector<std::vector<std::uint8_t>> records(12, std::vector<std::uint8_t>(212, 0));
+        records[0][0] = 1;
+        records[0][4] = 2;   // two codes
+        records[1][0] = 2;
+        records[1][4] = 13;  // the next record to use
+        IrFormatRecord rc5_format{};
+        default_IR5Type(rc5_format);
+        for (int n = 11; n <= 12; ++n) {
+            auto& r = records[static_cast<std::size_t>(n - 1)];
+            r[0] = static_cast<std::uint8_t>(n);
+            r[4] = 4;
+            r[5] = 2;   // two words
+            r[6] = 5;   // the format's id, as the earlier layout kept it
+            r[8] = 0x10;
+            r[9] = static_cast<std::uint8_t>(n);  // the codes differ in their first word
+            r[10] = 0x22;
+            for (int i = 0; i < 32; ++i) {
+                r[static_cast<std::size_t>(136 + 2 * i)] = static_cast<std::uint8_t>(rc5_format[static_cast<std::size_t>(i)] & 0xFF);
+                r[static_cast<std::size_t>(137 + 2 * i)] = static_cast<std::uint8_t>((rc5_format[static_cast<std::size_t>(i)] >> 8) & 0xFF);
+            }
+            r[208] = static_cast<std::uint8_t>(n == 11 ? 19 : 18);
+        }
+        for (const auto& r : records) k.write(reinterpret_cast<const char*>(r.data()), 212);
+    }
+    ASSERT_TRUE(t.app.my_database().error().empty());
+
+    // Converted: the kinds hold 4 and the word count alone.
+    const auto k = file("mykey.fil");
+    ASSERT_EQ(k.size(), 12u * 212u);
+    for (int n = 11; n <= 12; ++n) EXPECT_EQ(u32(k, record(n, 212) + 4), 4u | 2u << 8) << n;
+    EXPECT_EQ(u32(k, record(11, 212) + 208), 19u);
+    EXPECT_EQ(u32(k, record(12, 212) + 208), 18u);
+    // mydata.fil: 58 the head of each node's list, 66 and 70 the chain of records in use.
+    const auto d = file("mydata.fil");
+    ASSERT_EQ(d.size(), 19u * 124u);
+    const std::uint32_t heads[] = {11, 15, 16, 17, 17};
+    for (int n = 15; n <= 19; ++n) {
+        EXPECT_EQ(u32(d, record(n, 124) + 58), heads[n - 15]) << n;
+        EXPECT_EQ(u32(d, record(n, 124) + 66), static_cast<std::uint32_t>(n - 1)) << n;
+        EXPECT_EQ(u32(d, record(n, 124) + 70), n == 19 ? 0u : static_cast<std::uint32_t>(n + 1)) << n;
+    }
+    EXPECT_EQ(u32(d, record(14, 124) + 70), 15u);
+    EXPECT_EQ(u32(d, record(2, 124) + 58), 19u);
+
+    // Every code is picked as it was registered, its format's id found again.
+    for (const auto& [function, first] : {std::pair{"POWER", 12}, std::pair{"MUTE", 11}}) {
+        NewIRData pick(t.app);
+        for (const auto& [level, name] : {std::pair{level_brand, "ACME"}, std::pair{level_device, "CABLE"},
+                                          std::pair{level_model, "X1"}, std::pair{level_function, function}})
+            ASSERT_TRUE(pick.choose_name(level, name)) << name;
+        ASSERT_TRUE(pick.ok()) << function;
+        EXPECT_EQ(t.app.current_ir.name, std::string("MYDATABASE CODE ACME-CABLE-X1-") + function);
+        EXPECT_EQ(t.app.current_ir.format_id, 5);
+        EXPECT_EQ(t.app.current_ir.current_ir_word_count, 2);
+        EXPECT_EQ(t.app.current_ir.current_ir_data[0], 0x10);
+        EXPECT_EQ(t.app.current_ir.current_ir_data[1], first);
+        EXPECT_EQ(t.app.current_ir.current_ir_data[2], 0x22);
+    }
+    // A second start finds the files in this layout and leaves them as they are.
+    MyDatabaseStore again(t.home.path());
+    ASSERT_TRUE(again.load());
+    EXPECT_EQ(file("mydata.fil"), d);
+    EXPECT_EQ(file("mykey.fil"), k);
 }
 
 TEST_F(MyDatabaseTest, GetMykeyRecordRefusesRecord10AndRecordsBeyondTheEnd)
@@ -345,7 +452,8 @@ TEST_F(MyDatabaseTest, ABrokenChainFromTheFunctionToTheBrandGivesNoCode)
     rc5(0, 12);
     names_for({"ACME", "", "X1", "POWER"});
     ASSERT_TRUE(register_as({"ACME", "CABLE ", "X1", "POWER"}));
-    // The model's record (16 is the device, 17 the model) now claims level 12.
+    // The model's record (16 is the device, 17 the model) now stands on the
+    // list that the devices' head 12 heads.
     {
         std::fstream f(t.home.path() / "mydata.fil", std::ios::binary | std::ios::in | std::ios::out);
         f.seekp(static_cast<std::streamoff>(record(17, 124) + 58));

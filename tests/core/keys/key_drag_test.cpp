@@ -111,6 +111,19 @@ TEST_F(KeyDrag, AnEmptyPositionCannotBeLinkedFromButGetsANewKeyAsTarget)
     EXPECT_EQ(t.log_lines().back(), "\"Drag(link) from DEVICE11\\PAGE1 hard 0 to DEVICE11\\PAGE1 row 3\"");
 }
 
+TEST_F(KeyDrag, TheTitleRowsKeyHasNoNumberSoALinkFromItSaysNoKeyCanBeLinked)
+{
+    ASSERT_GE(place(page2, 3)->slot, 0);
+    EXPECT_EQ(softkey_at(*c, *place(page2, 3))->label_index, no_index);
+    messages();
+    const int steps = c->action_steps.step_total;
+    EXPECT_FALSE(drop_key(t.app, {at(page2), 3}, {at(page1), 5}, drag_link));
+    EXPECT_EQ(messages(), std::vector<std::string>{"message \"Kelvaro Tesselo 3\" \"No Key can be linked\""});
+    EXPECT_EQ(c->action_steps.step_total, steps);
+    EXPECT_TRUE(types(page1, 5).empty());
+    EXPECT_EQ(t.log_lines().back(), "\"Drag link(start) - DEVICE11\\PAGE1\"");
+}
+
 TEST_F(KeyDrag, HardKeyIndexThirtyThreeIsPictureThirtyThreeAndIndexZeroPictureTwo)
 {
     ASSERT_TRUE(drop_key(t.app, {at(page2), 33}, {at(page1), 0}, drag_link));

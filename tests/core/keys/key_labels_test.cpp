@@ -5,7 +5,10 @@
 #include "core/keys/char_pic_list.h"
 #include "core/keys/hardkey_pictures.h"
 #include "core/keys/link_dialog.h"
+#include "core/keys/overview_content.h"
 #include "core/keys/page_canvas.h"
+#include "core/sim/remote_simulator.h"
+#include "core/tree/node_keys.h"
 #include "core/model/glyphs.h"
 #include "core/model/softkey_labels.h"
 #include "keys_document.h"
@@ -37,16 +40,15 @@ TEST(CharPicList, TagsFollowTheListInOrder)
     EXPECT_EQ(glyph_key_name(100), "WHITE LEFT");
 }
 
-TEST(CharPicList, TheTwoTablesDifferAtGlyphs49_50_55And58Only)
+TEST(CharPicList, OneTableTypesAndReadsEveryGlyph)
 {
-    std::vector<int> differ;
-    for (int g = 1; g <= 69; ++g)
-        if (glyph_tag(g) != check_bmptag(g)) differ.push_back(g);
-    EXPECT_EQ(differ, (std::vector<int>{49, 50, 55, 58}));
-    EXPECT_EQ(glyph_tag(49), '@');
-    EXPECT_EQ(check_bmptag(49), '#');
-    EXPECT_EQ(glyph_tag(58), '_');
-    EXPECT_EQ(check_bmptag(58), '.');
+    // Whatever the Label field types a glyph by is what the tree reads it as.
+    for (int g = 1; g <= char_pic_count; ++g) EXPECT_EQ(check_bmptag(g), glyph_tag(g)) << g;
+    EXPECT_EQ(check_bmptag(49), '@');
+    EXPECT_EQ(check_bmptag(50), '#');
+    EXPECT_EQ(check_bmptag(55), 231);
+    EXPECT_EQ(check_bmptag(58), '_');
+    EXPECT_EQ(check_bmptag(69), '*');
 }
 
 TEST(CharToGlyph, LowerCaseLettersProduceTheSameGlyphAsUpperCaseOnes)
@@ -85,12 +87,18 @@ TEST_F(KeysDocument, TheNinthGlyphIsAcceptedAndTheTenthGivesMaxCharacterIsExceed
     EXPECT_EQ(field.length, 9);
     EXPECT_TRUE(t.take_lines().empty());
     auto where = label();
+    const std::size_t logged = t.log_lines().size();
     EXPECT_FALSE(Text1_KeyPress(t.app, where, field, 'J'));
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{"message \"Kelvarzo Tesselo 3\" \"Max. Character is exceed\""});
-    // The glyph keyboard meets the same refusal in change_keyname, before anything changes.
+    // Typed, the tenth glyph is refused before change_keyname runs: no log line.
+    EXPECT_EQ(t.log_lines().size(), logged);
+    // The glyph keyboard meets the same refusal in change_keyname, which has
+    // logged its opening line first; nothing changes.
     const int undo = t.app.journal().undo.count;
     EXPECT_FALSE(Command9_Click(t.app, where, field, 74));
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{"message \"Kelvarzo Tesselo 3\" \"Max. Character is exceed\""});
+    ASSERT_EQ(t.log_lines().size(), logged + 1);
+    EXPECT_EQ(log_back(), "\"change keyname (start) DEVICE11\\PAGE1\"");
     EXPECT_EQ(t.app.journal().undo.count, undo);
     EXPECT_EQ(label_to_text(read_label(*c, where), 9), "ABCDEFGHI");
 }
@@ -218,6 +226,29 @@ TEST_F(KeysDocument, Entry923IsTheLastThatSearchSoftkeynoReturnsAndKeysBeyond768
     EXPECT_NE(label_to_text(reopened.softkey_labels[923], 4), "LOST");
 }
 
+TEST_F(KeysDocument, AKeyPressThatCannotGetALabelEntrySaysSo)
+{
+    for (int i = 0; i < softkey_label_rows; ++i)
+        if (c->softkey_labels[static_cast<std::size_t>(i)].is_free()) c->softkey_labels[static_cast<std::size_t>(i)].bytes[0] = 0;
+    ASSERT_EQ(search_softkeyno(*c), softkey_label_rows);
+    click_key(page1, 5);
+    const int keys = c->page_table[1].key_count;
+    const int undo = t.app.journal().undo.count;
+    auto field = type("A");
+    EXPECT_EQ(t.take_lines(), std::vector<std::string>{"message \"Kelvarzo Tesselo 3\" \"Exceed key labels\""});
+    EXPECT_EQ(log_back(), "\"change keyname (start) DEVICE11\\PAGE1\"");
+    EXPECT_EQ(field.length, 0);
+    EXPECT_EQ(c->page_table[1].key_count, keys);
+    EXPECT_EQ(t.app.journal().undo.count, undo);
+    // The glyph keyboard says the same.
+    EXPECT_FALSE(Command9_Click(t.app, label(), field, 76));
+    EXPECT_EQ(t.take_lines(), std::vector<std::string>{"message \"Kelvarzo Tesselo 3\" \"Exceed key labels\""});
+    // A key that has its entry takes glyphs as before.
+    click_key(page1, 3);
+    type("X");
+    EXPECT_TRUE(t.take_lines().empty());
+}
+
 TEST_F(KeysDocument, AHardKeysLabelIsItsPlainLengthAndItsLogLinesAreItsOwn)
 {
     click_key(page1, 22);  // hard key 36, "ENTER"
@@ -281,6 +312,114 @@ TEST_F(KeysDocument, NothingToLabelOnAPageNodeAnEmptyHomePlaceOrALeftButtonWitho
     select("HOME1");
     EXPECT_EQ(label().device, 0);
     EXPECT_TRUE(label().device_node);
+}
+
+// The glyph that the list gives character `tag`, found in the list as the
+// rules lay it out (letters, digits, then the punctuation in order).
+int glyph_of_tag(int tag)
+{
+    if (tag >= 'A' && tag <= 'Z') return tag - 'A' + 1;
+    if (tag >= '0' && tag <= '9') return tag - '0' + 27;
+    for (std::size_t i = 0; i < punctuation_tags.size(); ++i)
+        if (punctuation_tags[i] == tag) return static_cast<int>(37 + i);
+    return 0;
+}
+
+TEST(LabelToText, EveryCharacterOfTheGlyphKeyboardReadsBackAsTyped)
+{
+    for (int g = 1; g <= 69; ++g) {
+        KeyLabel label;
+        label.bytes[0] = 1;
+        label.bytes[1] = static_cast<std::uint8_t>(g);
+        const int tag = g <= 26 ? 'A' + g - 1 : g <= 36 ? '0' + g - 27 : punctuation_tags[static_cast<std::size_t>(g - 37)];
+        const std::string typed = tag < 128 ? std::string(1, static_cast<char>(tag)) : std::string("\xC3\xA7");
+        EXPECT_EQ(label_to_text(label, 1), typed) << g;
+        EXPECT_EQ(decode_device_name(label), typed) << g;
+        EXPECT_EQ(key_label_text(label, 1), typed) << g;
+    }
+}
+
+TEST_F(KeysDocument, ANameTypedWithAtReadsBackWithAtInTreeRowsFieldOverviewAndSimulator)
+{
+    select("DEVICE11PROPERTIES");
+    type(std::string(7, char(backspace_code)) + "A@B");
+    EXPECT_EQ(glyphs_of(c->device_name_table[1].name, 3), (std::vector<int>{1, glyph_of_tag('@'), 2}));
+    // A key of the second device, labelled with the other glyphs the two
+    // readings once told apart: "#", the character 231, "_" and "*".
+    click_key(page2, 5);
+    auto field = type("#");
+    Command9_Click(t.app, label(), field, 55);
+    type("_*");
+    EXPECT_EQ(glyphs_of(read_label(*c, label()), 4),
+              (std::vector<int>{glyph_of_tag('#'), glyph_of_tag(231), glyph_of_tag('_'), glyph_of_tag('*')}));
+    const std::string key_text = "#\xC3\xA7_*";
+    // The overview lists keys with steps: the key gets one.
+    CreateLink to_hard(t.app, 0, page2, t.app.key_selection);
+    ASSERT_EQ(to_hard.ok(t.app, target(page2), CreateLink::hardkey_node_key("DEVICE11", 20)), DialogOk::done);
+    // A link to that key from DEVICE11.
+    click_key(page1, 5);
+    CreateLink link(t.app, 0, page1, t.app.key_selection);
+    ASSERT_EQ(link.ok(t.app, target(page1), CreateLink::softkey_node_key(page2, 1)), DialogOk::done);
+
+    const auto path = (t.home.path() / "typed.kcf").string();
+    ASSERT_TRUE(save_tofile(t.app, path, 0, 0));
+    const int document = open_configuration(t.app, path);
+    ASSERT_GE(document, 0);
+    const int slot = t.app.documents()[static_cast<std::size_t>(document)].slot;
+    const Configuration& reopened = t.app.config(slot);
+    const TreeModel& tree = t.app.tree(slot);
+    const std::string device = device_key(1, slot);
+    EXPECT_EQ(tree.node(tree.find(device)).text, "A@B");
+    EXPECT_EQ(tree.node(tree.find(properties_key(device))).text, "A@B PROPERTIES");
+    // The Label field, loaded from the reopened name.
+    LabelTarget name;
+    name.kind = LabelTarget::Kind::device;
+    name.slot = slot;
+    name.device = 1;
+    LabelField reloaded;
+    reloaded.load(reopened, name);
+    EXPECT_EQ(label_to_text(reloaded.label, reloaded.length), "A@B");
+    // The step row of the link names the key as typed.
+    std::vector<std::string> texts;
+    for (const auto& r : load_step_rows(t.app, {slot, device_page_key(device, 1)}, names)) texts.push_back(r.text);
+    EXPECT_EQ(texts, std::vector<std::string>{"LINK TO DEVICE2PAGE-1-" + key_text});
+    // The overview.
+    const auto sections = overview_sections(reopened, names, &tree);
+    ASSERT_GE(sections.size(), 3u);
+    EXPECT_EQ(sections[1].name, "A@B");
+    const auto& keys = sections[2].keys;
+    const auto key = std::find_if(keys.begin(), keys.end(),
+                                  [](const OverviewKey& k) { return k.place == softkey_place_text("PAGE1", 1); });
+    ASSERT_NE(key, keys.end());
+    EXPECT_EQ(key->label_text, key_text);
+    // The simulator: HOME's first key shows A@B; the second device's page
+    // shows the key as typed.
+    auto sim = RemoteSimulator::from_image(testing::read_bytes(path), names);
+    auto row_text = [&](int row) {
+        for (const SimRow& r : sim->rows())
+            if (r.row == row && !r.left) return r.text;
+        return std::string("no row");
+    };
+    EXPECT_EQ(row_text(1), "A@B");
+    sim->press_soft(2, false);
+    EXPECT_EQ(row_text(1), key_text);
+}
+
+TEST_F(KeysDocument, AFileWrittenWithTheGlyphKeyboardsCodesReadsWithTheSameCharacters)
+{
+    // The name's glyphs as the system types them, from the list's tags.
+    KeyLabel typed;
+    const std::string text = "A@B#_";
+    typed.bytes[0] = static_cast<std::uint8_t>(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i)
+        typed.bytes[1 + i] = static_cast<std::uint8_t>(glyph_of_tag(static_cast<unsigned char>(text[i])));
+    c->device_name_table[1].name = typed;
+    const auto path = (t.home.path() / "system.kcf").string();
+    ASSERT_TRUE(save_tofile(t.app, path, 0, 0));
+    const int document = open_configuration(t.app, path);
+    ASSERT_GE(document, 0);
+    const int slot = t.app.documents()[static_cast<std::size_t>(document)].slot;
+    EXPECT_EQ(t.app.tree(slot).node(t.app.tree(slot).find(device_key(1, slot))).text, text);
 }
 
 }  // namespace

@@ -203,7 +203,8 @@ TEST(Download, OwnNumberAcknowledgementsMakeEveryBlockGoThreeTimes)
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{send_complete});
 }
 
-// "no usb device" is the same plain box as Upload's.
+// "no usb device" is a failure of the link: the exclamation mark, unlike
+// Upload's plain box.
 TEST(Download, WithNoDeviceOnlyNoUsbDeviceIsShown)
 {
     LinkTestApp t;
@@ -212,7 +213,7 @@ TEST(Download, WithNoDeviceOnlyNoUsbDeviceIsShown)
     t.app.flags().learn_in_progress = true;
     download_image(t.app, image, image.size());
     EXPECT_EQ(t.take_lines(), std::vector<std::string>{"message \"Kelvaro Tesselo 3\" \"no usb device\""});
-    EXPECT_EQ(t.ui.icons, std::vector<Icon>{Icon::none});
+    EXPECT_EQ(t.ui.icons, std::vector<Icon>{Icon::exclamation});
     EXPECT_FALSE(t.app.flags().learn_in_progress);
     EXPECT_TRUE(t.ui.bar.empty());
 }

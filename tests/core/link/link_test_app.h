@@ -17,6 +17,14 @@ public:
     std::vector<std::pair<int, int>> bar;
     std::vector<std::string> activities;
     std::vector<std::string> window_events;
+    // The clock's tick at each time the upload commands came back.
+    VirtualClock* clock = nullptr;
+    std::vector<std::uint32_t> commands_back_at;
+    void upload_commands_enabled(bool enabled) override
+    {
+        if (enabled && clock) commands_back_at.push_back(clock->tick_count());
+        RecordingUi::upload_commands_enabled(enabled);
+    }
     void download_progress(int value, int maximum) override
     {
         bar.emplace_back(value, maximum);
@@ -54,6 +62,7 @@ struct LinkTestApp : BasicTestApp<LinkUi> {
         auto transport = std::make_unique<emulator::EmulatorTransport>(remote, clock);
         wire = transport.get();
         app.link().set_transport(std::move(transport));
+        ui.clock = &clock;
     }
 
     void fault(emulator::Fault f) { remote->add_fault(f); }

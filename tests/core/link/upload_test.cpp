@@ -41,6 +41,17 @@ void expect_everything_back(LinkTestApp& t)
     EXPECT_EQ(t.ui.wait_depth, 0);
 }
 
+TEST(Upload, TheCommandsComeBackBeforeTheClosingHalfSecond)
+{
+    LinkTestApp t;
+    fill_remote(t);
+    t.ui.commands_back_at.clear();
+    EXPECT_TRUE(muUpload_Click(t.app));
+    expect_everything_back(t);
+    ASSERT_EQ(t.ui.commands_back_at.size(), 1u);
+    EXPECT_GE(t.clock.tick_count() - t.ui.commands_back_at[0], 500u);
+}
+
 TEST(Upload, TheRemotesImageBecomesANewDocumentWithItsFormatsRebuilt)
 {
     LinkTestApp t;

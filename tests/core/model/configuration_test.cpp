@@ -65,7 +65,7 @@ TEST(HardkeyDefaults, FortyOneLabelsByKeyIndex)
 {
     const auto& d = init_hardkey_defaults();
     ASSERT_EQ(d.size(), 41u);
-    auto text = [&](int k) { return decode_glyphs(d[static_cast<std::size_t>(k)], d[static_cast<std::size_t>(k)].header()); };
+    auto text = [&](int k) { return label_to_text(d[static_cast<std::size_t>(k)], d[static_cast<std::size_t>(k)].header()); };
     EXPECT_EQ(text(0), "ON");
     EXPECT_EQ(text(1), "OFF");
     EXPECT_EQ(text(2), "ON/OFF");

@@ -2,6 +2,7 @@
 #include "core/keys/key_clipboard_document.h"
 #include "core/tree/device_clipboard.h"
 #include "core/tree/hiding.h"
+#include "core/tree/page_windows.h"
 #include "tree_invariants.h"
 
 namespace tesselo::testing {
@@ -128,6 +129,25 @@ TEST_F(DeviceRemoval, DeletingADeviceRenumbersTheStepsIntoTheDevicesBehindIt)
     const SoftKey& moved = c->home_pages[0].slots[2];
     EXPECT_EQ(c->action_steps.steps[static_cast<std::size_t>(c->action_lists.entries[static_cast<std::size_t>(moved.action_list)].first_step)].param_low, 2);
     EXPECT_EQ(c->page_table[2].node_key, "DEVICE31\\PAGE1");
+}
+
+TEST_F(DeviceRemoval, DeletingADeviceWithOpenPagesLogsThatItClosesThemAll)
+{
+    for (const std::string page : {dvd + "\\PAGE1", dvd + "\\PAGE3"}) ASSERT_TRUE(open_page(t.app, 0, t.app.tree(0).find(page)));
+    ASSERT_TRUE(open_page(t.app, 0, t.app.tree(0).find(page1)));
+    remove(dvd);
+    std::vector<std::string> closing;
+    for (const auto& line : t.log_lines())
+        if (line.find("close") != std::string::npos) closing.push_back(line);
+    EXPECT_EQ(closing, std::vector<std::string>{"\"close all page (Delete device) \""});
+    ASSERT_EQ(t.app.page_windows().all().size(), 1u);
+    EXPECT_EQ(t.app.page_windows().all()[0].caption, page1);
+    // A device without open pages closes none, and says nothing of it.
+    t.take_lines();
+    const std::size_t before = t.log_lines().size();
+    remove("DEVICE21");
+    for (std::size_t i = before; i < t.log_lines().size(); ++i)
+        EXPECT_EQ(t.log_lines()[i].find("close all page"), std::string::npos) << t.log_lines()[i];
 }
 
 TEST_F(DeviceRemoval, AfterRemovalTheCountsAtTheHeadOfBothTablesAreTheRowsInUse)
