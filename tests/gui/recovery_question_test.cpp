@@ -1,0 +1,127 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include "core/document/lifecycle.h"
+#include "core/document/recovery.h"
+#include "core/document/recovery_copy.h"
+#include "core/document/recovery_offer.h"
+#include "core/tree/adding.h"
+#include "gui_support.h"
+#include "views/mainform.h"
+#include "views/qt_ui.h"
+
+using namespace tesselo;
+using tesselo::testing::save_screenshot;
+using tesselo::testing::TempFolder;
+
+namespace {
+
+struct BoxSeen {
+    QString title, text;
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QStringList buttons;
+};
+
+// Answers the next message box with `button`, after noting what it showed
+// and taking its picture.
+void answer_next_box(BoxSeen& seen, QMessageBox::StandardButton button, const QString& picture)
+{
+    QTimer::singleShot(50, [&seen, button, picture] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        QVERIFY(box);
+        seen.title = box->windowTitle();
+        seen.text = box->text();
+        seen.icon = box->icon();
+        for (QAbstractButton* b : box->buttons()) seen.buttons << b->text().remove('&');
+        save_screenshot(box, picture);
+        box->button(button)->click();
+    });
+}
+
+// An editor that dies with two documents unsaved: one never saved, one
+// saved as tv.kcf and changed since.
+void leave_unsaved_documents(const std::filesystem::path& home)
+{
+    std::ostringstream out;
+    ScriptedUi ui(out);
+    VirtualClock clock({2026, 11, 24, 2, 9, 41, 7});
+    tesselo::testing::RecordingLauncher launcher;
+    PosixFileStore files;
+    Application app(ui, clock, launcher, files, home);
+    muNew(app);
+    ui.queue_answer("file:" + (home / "tv.kcf").string());
+    muSave(app);
+    AddDevice(app, add_ordinary);
+    muNew(app);
+    AddDevice(app, add_ordinary);
+    clock.advance(RecoveryKeeper::quiet_ms);
+    app.recovery().tick();
+}
+
+}  // namespace
+
+// The question at start, as the editor shows it: its words, its buttons,
+// and what each answer does to the windows and to recovery/.
+class RecoveryQuestionTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void yes_opens_each_document_in_its_window()
+    {
+        TempFolder home;
+        leave_unsaved_documents(home.path());
+        QtUi ui;
+        SystemClock clock;
+        tesselo::testing::RecordingLauncher launcher;
+        PosixFileStore files;
+        Application app(ui, clock, launcher, files, home.path());
+        MDIForm1 frame(app);
+        attach_frame(ui, frame);
+        frame.show();
+
+        BoxSeen seen;
+        answer_next_box(seen, QMessageBox::Yes, "recovery_question");
+        QCOMPARE(offer_recovery(app), 2);
+        QCOMPARE(seen.title, QString("Kelvaro Tesselo 3"));
+        const QString tv = QString::fromStdString((home.path() / "tv.kcf").string());
+        QCOMPARE(seen.text, "Recover the unsaved documents kept when the editor stopped?\n\n"
+                            "tv.kcf  " + tv + "  2026-11-24 09:41:07\n"
+                            "Untitled2  (never saved)  2026-11-24 09:41:07");
+        QCOMPARE(seen.icon, QMessageBox::Question);
+        QCOMPARE(seen.buttons, (QStringList{"Yes", "No"}));
+
+        QVERIFY(frame.document_window(0));
+        QVERIFY(frame.document_window(1));
+        QCOMPARE(frame.document_window(0)->windowTitle(), tv);
+        QCOMPARE(frame.document_window(1)->windowTitle(), QString("Untitled2"));
+        // The copies stay until the documents are saved or closed.
+        QCOMPARE(list_recovery_copies(home.path() / "recovery").size(), std::size_t{2});
+        save_screenshot(&frame, "recovery_recovered");
+    }
+
+    void no_sets_the_copies_aside()
+    {
+        TempFolder home;
+        leave_unsaved_documents(home.path());
+        QtUi ui;
+        SystemClock clock;
+        tesselo::testing::RecordingLauncher launcher;
+        PosixFileStore files;
+        Application app(ui, clock, launcher, files, home.path());
+        MDIForm1 frame(app);
+        attach_frame(ui, frame);
+        frame.show();
+
+        BoxSeen seen;
+        answer_next_box(seen, QMessageBox::No, "recovery_question_no");
+        QCOMPARE(offer_recovery(app), 0);
+        QVERIFY(!frame.document_window(0));
+        QVERIFY(list_recovery_copies(home.path() / "recovery").empty());
+        QCOMPARE(list_recovery_copies(home.path() / "recovery" / "declined").size(), std::size_t{2});
+    }
+};
+
+QTEST_MAIN(RecoveryQuestionTest)
+#include "recovery_question_test.moc"
