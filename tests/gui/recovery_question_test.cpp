@@ -10,36 +10,17 @@
 #include "core/document/recovery_offer.h"
 #include "core/tree/adding.h"
 #include "gui_support.h"
+#include "message_box_answer.h"
 #include "views/mainform.h"
 #include "views/qt_ui.h"
 
 using namespace tesselo;
 using tesselo::testing::save_screenshot;
+using tesselo::testing::answer_next_box;
+using tesselo::testing::BoxSeen;
 using tesselo::testing::TempFolder;
 
 namespace {
-
-struct BoxSeen {
-    QString title, text;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-    QStringList buttons;
-};
-
-// Answers the next message box with `button`, after noting what it showed
-// and taking its picture.
-void answer_next_box(BoxSeen& seen, QMessageBox::StandardButton button, const QString& picture)
-{
-    QTimer::singleShot(50, [&seen, button, picture] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        QVERIFY(box);
-        seen.title = box->windowTitle();
-        seen.text = box->text();
-        seen.icon = box->icon();
-        for (QAbstractButton* b : box->buttons()) seen.buttons << b->text().remove('&');
-        save_screenshot(box, picture);
-        box->button(button)->click();
-    });
-}
 
 // An editor that dies with two documents unsaved: one never saved, one
 // saved as tv.kcf and changed since.
@@ -61,6 +42,21 @@ void leave_unsaved_documents(const std::filesystem::path& home)
     app.recovery().tick();
 }
 
+// The editor as it stands at start, before the question: its Ui on Qt and its frame.
+struct StartedEditor {
+    explicit StartedEditor(const std::filesystem::path& home) : app(ui, clock, launcher, files, home), frame(app)
+    {
+        attach_frame(ui, frame);
+        frame.show();
+    }
+    QtUi ui;
+    SystemClock clock;
+    tesselo::testing::RecordingLauncher launcher;
+    PosixFileStore files;
+    Application app;
+    MDIForm1 frame;
+};
+
 }  // namespace
 
 // The question at start, as the editor shows it: its words, its buttons,
@@ -72,17 +68,12 @@ private Q_SLOTS:
     {
         TempFolder home;
         leave_unsaved_documents(home.path());
-        QtUi ui;
-        SystemClock clock;
-        tesselo::testing::RecordingLauncher launcher;
-        PosixFileStore files;
-        Application app(ui, clock, launcher, files, home.path());
-        MDIForm1 frame(app);
-        attach_frame(ui, frame);
-        frame.show();
+        StartedEditor editor(home.path());
+        Application& app = editor.app;
+        MDIForm1& frame = editor.frame;
 
         BoxSeen seen;
-        answer_next_box(seen, QMessageBox::Yes, "recovery_question");
+        answer_next_box(seen, QMessageBox::Yes, [](QWidget* box) { save_screenshot(box, "recovery_question"); });
         QCOMPARE(offer_recovery(app), 2);
         QCOMPARE(seen.title, QString("Kelvaro Tesselo 3"));
         const QString tv = QString::fromStdString((home.path() / "tv.kcf").string());
@@ -105,17 +96,12 @@ private Q_SLOTS:
     {
         TempFolder home;
         leave_unsaved_documents(home.path());
-        QtUi ui;
-        SystemClock clock;
-        tesselo::testing::RecordingLauncher launcher;
-        PosixFileStore files;
-        Application app(ui, clock, launcher, files, home.path());
-        MDIForm1 frame(app);
-        attach_frame(ui, frame);
-        frame.show();
+        StartedEditor editor(home.path());
+        Application& app = editor.app;
+        MDIForm1& frame = editor.frame;
 
         BoxSeen seen;
-        answer_next_box(seen, QMessageBox::No, "recovery_question_no");
+        answer_next_box(seen, QMessageBox::No);
         QCOMPARE(offer_recovery(app), 0);
         QVERIFY(!frame.document_window(0));
         QVERIFY(list_recovery_copies(home.path() / "recovery").empty());

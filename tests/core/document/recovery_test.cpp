@@ -13,6 +13,7 @@
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"
 #include "core/tree/journal.h"
+#include "support/faulty_keys.h"
 #include "support/test_app.h"
 
 namespace tesselo {
@@ -321,12 +322,7 @@ TEST_F(RecoveryTest, ACopyThatFailsTheCheckIsOfferedThroughTheErrorWindow)
         Editor e(home.path());
         muNew(e.app);
         AddDevice(e.app, add_ordinary);
-        // Two keys of DEVICE1's page share label 5 and list 0.
-        Configuration& c = e.app.config(0);
-        c.page_table[1].key_count = 3;
-        c.device_pages[0].slots[1] = {0, 1, 5, 0, 0};
-        c.device_pages[0].slots[2] = {0, 2, 5, 0, 0};
-        c.softkey_labels[5].bytes = {1, 1, 0, 0, 0, 0, 0, 0, 0, 0};
+        testing::make_keys_share_label_and_list(e.app.config(0));
         e.pause(1250);
     }
     Editor next(home.path());
