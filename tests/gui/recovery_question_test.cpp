@@ -24,7 +24,7 @@ namespace {
 
 // An editor that dies with two documents unsaved: one never saved, one
 // saved as tv.kcf and changed since.
-void leave_unsaved_documents(const std::filesystem::path& home)
+bool leave_unsaved_documents(const std::filesystem::path& home)
 {
     std::ostringstream out;
     ScriptedUi ui(out);
@@ -40,15 +40,18 @@ void leave_unsaved_documents(const std::filesystem::path& home)
     AddDevice(app, add_ordinary);
     clock.advance(RecoveryKeeper::quiet_ms);
     app.recovery().tick();
+    return true;
 }
 
-// The editor as it stands at start, before the question: its Ui on Qt and its frame.
+// The next start of that editor, before the question: its Ui on Qt and its frame.
 struct StartedEditor {
-    explicit StartedEditor(const std::filesystem::path& home) : app(ui, clock, launcher, files, home), frame(app)
+    StartedEditor() : left(leave_unsaved_documents(home.path())), app(ui, clock, launcher, files, home.path()), frame(app)
     {
         attach_frame(ui, frame);
         frame.show();
     }
+    TempFolder home;
+    bool left;
     QtUi ui;
     SystemClock clock;
     tesselo::testing::RecordingLauncher launcher;
@@ -66,9 +69,8 @@ class RecoveryQuestionTest : public QObject {
 private Q_SLOTS:
     void yes_opens_each_document_in_its_window()
     {
-        TempFolder home;
-        leave_unsaved_documents(home.path());
-        StartedEditor editor(home.path());
+        StartedEditor editor;
+        const TempFolder& home = editor.home;
         Application& app = editor.app;
         MDIForm1& frame = editor.frame;
 
@@ -94,9 +96,8 @@ private Q_SLOTS:
 
     void no_sets_the_copies_aside()
     {
-        TempFolder home;
-        leave_unsaved_documents(home.path());
-        StartedEditor editor(home.path());
+        StartedEditor editor;
+        const TempFolder& home = editor.home;
         Application& app = editor.app;
         MDIForm1& frame = editor.frame;
 
