@@ -13,6 +13,7 @@
 #include "core/model/configuration.h"
 #include "core/tree/adding.h"
 #include "core/tree/journal.h"
+#include "platform/editor_presence.h"
 #include "support/faulty_keys.h"
 #include "support/test_app.h"
 
@@ -352,6 +353,22 @@ TEST_F(RecoveryTest, ACopyThatCannotBeReadIsCorruptedAndSetAside)
                              "stopped?\\n\\nbroken.recovery  (damaged)\" -> yes",
                              "message \"Kelvaro Tessel 3\" \"file is corrupted\""}));
     EXPECT_EQ(copies_in(declined()), std::vector<fs::path>{declined() / "broken.recovery"});
+}
+
+TEST_F(RecoveryTest, OnlyAnEditorThatFindsNoOtherOnTheHomeFolderIsAlone)
+{
+    auto first = std::make_unique<EditorPresence>(home.path());
+    EXPECT_TRUE(first->alone());
+    {
+        const EditorPresence second(home.path());
+        EXPECT_FALSE(second.alone());
+        // The first one ends; the second still runs.
+        first.reset();
+        const EditorPresence third(home.path());
+        EXPECT_FALSE(third.alone());
+    }
+    const EditorPresence after(home.path());
+    EXPECT_TRUE(after.alone());
 }
 
 TEST(RecoveryCopy, TitlesAndPathsWithLineBreaksAndBackslashesComeBackWhole)
