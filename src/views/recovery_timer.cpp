@@ -1,5 +1,6 @@
 #include "views/recovery_timer.h"
 
+#include <QApplication>
 #include <QThread>
 #include <QTimer>
 
@@ -18,8 +19,11 @@ RecoveryTimer::RecoveryTimer(Application& app, const QtUi& ui, QObject* parent)
 
 void RecoveryTimer::timeout()
 {
-    // A dialog's or a message box's own event loop runs inside a command.
-    if (QThread::currentThread()->loopLevel() > 1 || ui_.yielding()) return;
+    // A dialog, a message box, a menu or a drag runs its own event loop
+    // inside the command or gesture that opened it.
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget() ||
+        QThread::currentThread()->loopLevel() > 1 || ui_.yielding())
+        return;
     app_.recovery().tick();
 }
 

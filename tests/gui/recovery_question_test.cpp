@@ -13,6 +13,7 @@
 #include "message_box_answer.h"
 #include "views/mainform.h"
 #include "views/qt_ui.h"
+#include "views/recovery_timer.h"
 
 using namespace tesselo;
 using tesselo::testing::save_screenshot;
@@ -107,6 +108,37 @@ private Q_SLOTS:
         QVERIFY(!frame.document_window(0));
         QVERIFY(list_recovery_copies(home.path() / "recovery").empty());
         QCOMPARE(list_recovery_copies(home.path() / "recovery" / "declined").size(), std::size_t{2});
+    }
+
+    // The timer writes a copy a second after an edit, but not while a
+    // message box of a command is open: the command may be half done.
+    void the_timer_keeps_copies_outside_dialogs_only()
+    {
+        TempFolder home;
+        QtUi ui;
+        SystemClock clock;
+        tesselo::testing::RecordingLauncher launcher;
+        PosixFileStore files;
+        Application app(ui, clock, launcher, files, home.path());
+        MDIForm1 frame(app);
+        attach_frame(ui, frame);
+        frame.show();
+        RecoveryTimer timer(app, ui);
+        muNew(app);
+        AddDevice(app, add_ordinary);
+        const auto kept = [&home] { return list_recovery_copies(home.path() / "recovery").size(); };
+
+        bool checked = false;
+        QTimer::singleShot(RecoveryKeeper::quiet_ms + 3 * RecoveryTimer::interval_ms, [&] {
+            checked = true;
+            QCOMPARE(kept(), std::size_t{0});
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QVERIFY(box);
+            box->button(QMessageBox::Ok)->click();
+        });
+        ui.message(title_main, "Exceed files open", Icon::exclamation);
+        QVERIFY(checked);
+        QTRY_COMPARE_WITH_TIMEOUT(kept(), std::size_t{1}, 2000);
     }
 };
 
