@@ -186,7 +186,9 @@ void QtUi::repaint()
 void QtUi::yield()
 {
     // Windows repaint; the user's clicks wait until the command is done.
+    ++yielding_;
     QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    --yielding_;
 }
 
 void QtUi::download_window_show(const std::string& caption, bool progress_bar)

@@ -26,6 +26,9 @@ public:
     void set_commands_sink(std::function<void()> sink) { commands_sink_ = std::move(sink); }
     // The Download window while it is loaded, else null.
     Download* download_window() const { return download_; }
+    // Whether a long loop of a command lets the window system run now: the
+    // command is not done, and its tables may be half changed.
+    bool yielding() const { return yielding_ > 0; }
     // What the link last put in the Add IR Code dialog's status line.
     const std::string& editir_status_text() const { return editir_status_; }
 
@@ -57,6 +60,7 @@ private:
     std::function<void()> commands_sink_;
     Download* download_ = nullptr;
     std::string editir_status_;
+    int yielding_ = 0;
 };
 
 // Gives the Ui port its frame: the parent of its boxes and windows, the status

@@ -5,33 +5,12 @@
 #include <QTimer>
 #include <QtTest>
 
+#include "message_box_answer.h"
 #include "views/qt_ui.h"
 
 using namespace tesselo;
-
-namespace {
-
-// Answers the next modal dialog with `button`, after noting what it showed.
-struct BoxSeen {
-    QString title, text;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-    QStringList buttons;
-};
-
-void answer_next_box(BoxSeen& seen, QMessageBox::StandardButton button)
-{
-    QTimer::singleShot(0, [&seen, button] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        QVERIFY(box);
-        seen.title = box->windowTitle();
-        seen.text = box->text();
-        seen.icon = box->icon();
-        for (QAbstractButton* b : box->buttons()) seen.buttons << b->text().remove('&');
-        box->button(button)->click();
-    });
-}
-
-}  // namespace
+using tesselo::testing::answer_next_box;
+using tesselo::testing::BoxSeen;
 
 class QtUiTest : public QObject {
     Q_OBJECT

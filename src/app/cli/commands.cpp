@@ -11,6 +11,7 @@ void add_all_commands(CLI::App& app, const GlobalOptions& options, CommandRun& r
     add_ir_commands(app, options, run);
     add_simulate_command(app, options, run);
     add_overview_command(app, options, run);
+    add_recover_command(app, options, run);
 }
 
 }  // namespace tesselo::cli

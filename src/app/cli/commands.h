@@ -34,6 +34,7 @@ void add_link_commands(CLI::App& app, const GlobalOptions& options, CommandRun& 
 void add_ir_commands(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_simulate_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 void add_overview_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
+void add_recover_command(CLI::App& app, const GlobalOptions& options, CommandRun& run);
 
 // The --on-fault option of the commands that open a file: how the error
 // window is answered (cancel, keep or correct).

@@ -108,6 +108,12 @@ const std::vector<HelpEntry>& command_help()
         {"simulate FILE [SCRIPT]",
          "runs FILE (a .kcf file or temp.trl) as the remote runs it, without a remote and without a window, with "
          "the gestures of SCRIPT ('-' or none: standard input); see Simulator gestures"},
+        {"recover --list / recover N OUT",
+         "the unsaved documents that the editor keeps in the home folder's recovery/, one a line: "
+         "N<TAB>TIME<TAB>STATE<TAB>TITLE<TAB>PATH, STATE unsaved (offered at the editor's next start), declined "
+         "(kept a week) or damaged (a copy that cannot be read, named by its file), PATH empty for a document never "
+         "saved; with N and OUT, the document's image, the bytes Save would write, is written to OUT whole or not at "
+         "all (\"Unable to write OUT\" and why, exit 1); exit 2 for a number that --list does not give"},
     };
     return entries;
 }

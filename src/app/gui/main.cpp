@@ -14,6 +14,8 @@
 #include "core/document/home_folder.h"
 #include "core/ir/my_database_store.h"
 #include "core/document/lifecycle.h"
+#include "core/document/recovery_offer.h"
+#include "platform/editor_presence.h"
 #include "platform/executable_folder.h"
 #include "platform/posix_file_store.h"
 #include "platform/posix_launcher.h"
@@ -22,6 +24,7 @@
 #include "views/mdi_form1.h"
 #include "views/program_command_line.h"
 #include "views/qt_ui.h"
+#include "views/recovery_timer.h"
 #include "views/single_instance.h"
 
 namespace {
@@ -90,6 +93,9 @@ int main(int argc, char** argv)
     if (!tesselo::prepare_home(home, tesselo::data_base_sources(), why))
         std::cerr << "tesselo: cannot use the home folder " << home << ": " << why << '\n';
     provide_user_guide(home);
+    // Held for the whole run: the copies of recovery/ are offered only by an
+    // editor that found no other on this home folder.
+    const tesselo::EditorPresence presence(home);
 
     tesselo::QtUi ui;
     tesselo::SystemClock clock;
@@ -113,6 +119,13 @@ int main(int argc, char** argv)
     if (std::getenv("TESSELO_STARTUP_LOG") || quit_when_ready)
         std::cerr << "tesselo: frame ready after " << since_start.elapsed() << " ms\n";
     if (quit_when_ready) return 0;
-    if (!files.isEmpty()) QTimer::singleShot(0, &frame, [&frame, files] { frame.open_files(files); });
+    // Unsaved documents of an editor that stopped without closing them come
+    // back first; the files of the command line open after them.
+    tesselo::RecoveryTimer recovery_timer(app, ui);
+    QTimer::singleShot(0, &frame, [&frame, &app, &presence, files] {
+        if (presence.alone()) tesselo::offer_recovery(app);
+        frame.update_commands();
+        if (!files.isEmpty()) frame.open_files(files);
+    });
     return QApplication::exec();
 }

@@ -5,6 +5,7 @@
 #include "core/app/clipboards.h"
 #include "core/document/clock.h"
 #include "core/document/log.h"
+#include "core/document/recovery.h"
 #include "core/image/open_state.h"
 #include "core/ir/my_database_store.h"
 #include "core/tree/edit_state.h"
@@ -40,9 +41,11 @@ Application::Application(Ui& ui, Clock& clock, Launcher& launcher, FileStore& fi
     download_hook = [this](std::vector<std::uint8_t>& image, std::size_t length) {
         download_image(*this, image, length);
     };
+    recovery_ = std::make_unique<RecoveryKeeper>(*this);
+    add_listener(recovery_.get());
 }
 
-Application::~Application() = default;
+Application::~Application() { remove_listener(recovery_.get()); }
 
 Document* Application::active()
 {

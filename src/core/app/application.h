@@ -30,6 +30,7 @@ struct TreeCommands;
 struct OpenState;
 struct Clipboards;
 class MyDatabaseStore;
+class RecoveryKeeper;
 
 // An open document window (a mainform): the slot its tables live in (its tag)
 // and its title, "Untitled" and a number, or the file's path.
@@ -109,6 +110,8 @@ public:
     // My Database, read from the home folder on first use (the frame reads it
     // at start); its files are created when they are missing.
     MyDatabaseStore& my_database();
+    // The recovery copies of the documents with unsaved changes.
+    RecoveryKeeper& recovery() { return *recovery_; }
 
     // One byte per slot: 0 free, 1 in use.
     std::array<std::uint8_t, document_slots> slot_in_use{};
@@ -173,6 +176,7 @@ private:
     std::unique_ptr<OpenState> open_state_;
     std::unique_ptr<Clipboards> clipboards_;
     std::unique_ptr<MyDatabaseStore> my_database_;
+    std::unique_ptr<RecoveryKeeper> recovery_;
     std::vector<Document> documents_;
     int active_ = -1;
     std::vector<ApplicationListener*> listeners_;

@@ -2,6 +2,7 @@
 
 #include "core/app/application.h"
 #include "core/document/launcher.h"
+#include "core/document/recovery.h"
 #include "core/document/ui.h"
 #include "core/image/image_writer.h"
 #include "core/model/configuration.h"
@@ -20,8 +21,6 @@ int slots_in_use(const Application& app)
     return count;
 }
 
-bool is_untitled(const std::string& title) { return title.compare(0, 8, "Untitled") == 0; }
-
 // Writes the document's file under its title, with the status text and the
 // wait cursor around the work.
 bool save_document(Application& app, int document, const std::string& path)
@@ -29,10 +28,16 @@ bool save_document(Application& app, int document, const std::string& path)
     Ui& ui = app.ui();
     ui.status("Save Configuration");
     WaitCursor wait(ui);
-    return save_tofile(app, path, 0, app.documents()[static_cast<std::size_t>(document)].slot);
+    const int slot = app.documents()[static_cast<std::size_t>(document)].slot;
+    if (!save_tofile(app, path, 0, slot)) return false;
+    // What the file holds now needs no recovery copy.
+    app.recovery().matches_file(slot);
+    return true;
 }
 
 }  // namespace
+
+bool is_untitled(const std::string& title) { return title.compare(0, 8, "Untitled") == 0; }
 
 void clear_document_selection(Application& app, int slot)
 {

@@ -44,6 +44,9 @@ void open_pdf(Application& app);
 // document stays.
 void clear_document_selection(Application& app, int slot);
 
+// Whether a title is that of a document never saved ("Untitled" and a number).
+bool is_untitled(const std::string& title);
+
 // The title's name as the close question shows it.
 std::string document_display_name(const std::string& title);
 

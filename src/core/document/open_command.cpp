@@ -6,6 +6,7 @@
 
 #include "core/app/application.h"
 #include "core/document/lifecycle.h"
+#include "core/document/recovery.h"
 #include "core/document/ui.h"
 #include "core/image/byte_reader.h"
 #include "core/image/image_file.h"
@@ -63,6 +64,7 @@ int load_checked(Application& app, const std::string& path, std::vector<std::uin
     const int document = create_mainform(app, path);
     if (document < 0) return -1;
     commit_image(app, *loaded, app.documents()[static_cast<std::size_t>(document)].slot);
+    app.recovery().matches_file(app.documents()[static_cast<std::size_t>(document)].slot);
     app.write_log("Open file-" + app.documents()[static_cast<std::size_t>(document)].title);
     return document;
 }

@@ -287,6 +287,15 @@ std::vector<std::uint8_t> file_tail(const Configuration& config)
     return tail;
 }
 
+std::vector<std::uint8_t> configuration_file_bytes(Configuration& config)
+{
+    auto bytes = build_image(config);
+    if (bytes.empty()) return bytes;
+    const auto tail = file_tail(config);
+    bytes.insert(bytes.end(), tail.begin(), tail.end());
+    return bytes;
+}
+
 bool save_tofile(Application& app, const std::string& filename, int mode, int slot)
 {
     Ui& ui = app.ui();

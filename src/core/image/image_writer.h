@@ -27,6 +27,12 @@ std::vector<std::uint8_t> build_image(Configuration& config, const std::function
 // The configuration file: the image and then the 2000-byte learned-key tail.
 std::vector<std::uint8_t> file_tail(const Configuration& config);
 
+// The bytes that Save writes for `config`: the image and its tail. Empty
+// when the tables cannot make an image. Recomputes the running sums as
+// build_image does, so a caller that must leave a document as it is hands
+// in a copy of its tables.
+std::vector<std::uint8_t> configuration_file_bytes(Configuration& config);
+
 // Builds the image of document slot `slot`; in mode 1 hands it to the
 // download routine; then writes the file through the application's file
 // store, whole or not at all. False when it could not be written (the user

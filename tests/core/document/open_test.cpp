@@ -17,6 +17,7 @@
 #include "core/tree/adding.h"
 #include "core/tree/tree_model.h"
 #include "core/tree/tree_view.h"
+#include "support/faulty_keys.h"
 #include "support/test_app.h"
 
 namespace tesselo {
@@ -59,11 +60,7 @@ struct OpenTest : ::testing::Test {
     {
         muNew(t.app);
         AddDevice(t.app, add_ordinary);
-        Configuration& c = t.app.config(0);
-        c.page_table[1].key_count = 3;
-        c.device_pages[0].slots[1] = {0, 1, 5, 0, 0};
-        c.device_pages[0].slots[2] = {0, 2, 5, 0, 0};
-        c.softkey_labels[5].bytes = {1, 1, 0, 0, 0, 0, 0, 0, 0, 0};
+        testing::make_keys_share_label_and_list(t.app.config(0));
         return save_and_close(name);
     }
     int slots_taken() const
