@@ -87,8 +87,8 @@ struct GestureRun : ::testing::TestWithParam<unsigned>, InProcessScript {
         case 1: return {"activate " + std::to_string(one_of(open_slots()))};
         case 2: case 3: return {"add-device"};
         case 4: return {"select " + one_of(all), "add-page"};
-        case 5: return on_key("label " + one_of(std::vector<std::string>{"TV", "AB", "VOL+", "\\b", "POWERKEYS"}));
-        case 6: return on_key("glyph " + std::to_string(1 + pick(48)));
+        case 5: return on_key("label " + one_of(std::vector<std::string>{"TV", "A@B", "VOL+", "\\b", "POWERKEYS"}));
+        case 6: return on_key("glyph " + std::to_string(1 + pick(100)));
         case 7: case 8: {
             auto lines = to_key(slot, false);
             lines.back() = "key soft " + std::to_string(pick(6)) + " left";
