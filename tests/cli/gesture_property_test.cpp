@@ -6,6 +6,7 @@
 // check; every fifty lines the image reads back to the same tables.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <random>
 #include <set>
@@ -216,6 +217,18 @@ struct GestureRun : ::testing::TestWithParam<unsigned>, InProcessScript {
         }
     }
 
+    // Whether a step row that is there before and after the gesture is the
+    // same step. Undo and Redo bring back other tables whole; Move Up swaps
+    // payloads between rows; a key paste or a drag between keys replaces a
+    // list, whose freed rows its new steps take.
+    static bool keeps_step_rows(const std::vector<std::string>& gesture)
+    {
+        const std::string& last = gesture.back();
+        const bool key_paste = last == "paste" && std::find(gesture.begin(), gesture.end(), "focus key") != gesture.end();
+        return last != "undo" && last != "redo" && last.rfind("step-up", 0) != 0 && last.rfind("drag-key", 0) != 0 &&
+               !key_paste;
+    }
+
     void expect_sound(int step)
     {
         for (int slot : open_slots()) {
@@ -244,8 +257,7 @@ TEST_P(GestureRun, NoGestureLeavesAKeyThatPlaysWrongly)
         const auto before = all_aims();
         const auto gesture = random_gesture();
         for (const auto& line : gesture) play(line);
-        // Undo and Redo bring back other tables whole.
-        if (gesture.back() != "undo" && gesture.back() != "redo") expect_same_aims(before, step);
+        if (keeps_step_rows(gesture)) expect_same_aims(before, step);
         expect_sound(step);
         if (::testing::Test::HasFatalFailure() || ::testing::Test::HasFailure()) return;
     }

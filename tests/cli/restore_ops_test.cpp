@@ -22,16 +22,17 @@ const std::string new_tree =
     "2\t1\tHOME1PROPERTIES\tPROPERTIES\tproperties\n"
     "3\t1\tHOME1\\PAGE1\tPAGE1\ttv\n";
 
-// As the commands leave it: the second page was added last.
+// As the commands leave it: the second page was added last, so it has the
+// highest index, and it is printed where the tree shows it.
 const std::string two_devices_added =
     new_tree +
     "4\t0\tDEVICE11\tDEVICE1\tdevice\n"
     "5\t4\tDEVICE11PROPERTIES\tDEVICE1 PROPERTIES\tproperties\n"
     "6\t4\tDEVICE11\\PAGE1\tPAGE1\ttv\n"
+    "10\t4\tDEVICE11\\PAGE2\tPAGE2\ttv\n"
     "7\t0\tDEVICE21\tDEVICE2\tdevice\n"
     "8\t7\tDEVICE21PROPERTIES\tDEVICE2 PROPERTIES\tproperties\n"
-    "9\t7\tDEVICE21\\PAGE1\tPAGE1\ttv\n"
-    "10\t4\tDEVICE11\\PAGE2\tPAGE2\ttv\n";
+    "9\t7\tDEVICE21\\PAGE1\tPAGE1\ttv\n";
 
 // As an Undo rebuilds it from the tables, in tree order, with the same keys.
 const std::string two_devices =

@@ -43,7 +43,7 @@ struct WrongKey : ::testing::Test, InProcessScript {
     std::string label_text(std::int32_t label)
     {
         const KeyLabel& l = config().softkey_labels[at(label)];
-        return decode_glyphs(l, l.glyph_count());
+        return label_to_text(l, l.glyph_count());
     }
     // The steps of a list, in the order the remote runs them.
     std::vector<ActionStep> steps(std::int32_t list)

@@ -79,7 +79,8 @@ const std::vector<HelpEntry>& command_help()
          "opens FILE as Open does and prints every table as one JSON object; --on-fault answers the error window: "
          "give up (cancel, the default), go on and keep the faults (keep), or go on and delete them (correct)"},
         {"tree FILE [--on-fault cancel|keep|correct]",
-         "opens FILE and prints its tree, one node a line: INDEX<TAB>PARENT-INDEX<TAB>KEY<TAB>TEXT<TAB>IMAGE"},
+         "opens FILE and prints its tree in the order it shows the nodes, one node a line: "
+         "INDEX<TAB>PARENT-INDEX<TAB>KEY<TAB>TEXT<TAB>IMAGE"},
         {"resave IN OUT [--on-fault cancel|keep|correct]", "opens IN as Open does and saves it as OUT"},
         {"script FILE",
          "replays the operations in FILE, one a line, as the editor's gestures ('-' reads standard input); "

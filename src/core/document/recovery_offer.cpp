@@ -1,5 +1,7 @@
 #include "core/document/recovery_offer.h"
 
+#include <vector>
+
 #include "core/app/application.h"
 #include "core/document/lifecycle.h"
 #include "core/document/open_command.h"
@@ -40,6 +42,20 @@ void decline_recovery_copy(const fs::path& home, const fs::path& copy)
     if (!ec) fs::last_write_time(target, fs::file_time_type::clock::now(), ec);
 }
 
+void remove_cut_short_copies(const fs::path& home)
+{
+    std::error_code ec;
+    std::vector<fs::path> scratch;
+    for (fs::directory_iterator it(home / recovery_folder_name, ec), end; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        const std::string tail = ".saving";
+        if (name.size() > tail.size() + 1 && name.front() == '.' &&
+            name.compare(name.size() - tail.size(), tail.size(), tail) == 0)
+            scratch.push_back(it->path());
+    }
+    for (const auto& file : scratch) fs::remove(file, ec);
+}
+
 void remove_old_declined(const fs::path& home, fs::file_time_type now)
 {
     std::error_code ec;
@@ -52,6 +68,7 @@ void remove_old_declined(const fs::path& home, fs::file_time_type now)
 int offer_recovery(Application& app)
 {
     remove_old_declined(app.home());
+    remove_cut_short_copies(app.home());
     const auto copies = list_recovery_copies(app.home() / recovery_folder_name);
     if (copies.empty()) return 0;
     std::string text = recovery_question + "\n";

@@ -25,6 +25,11 @@ inline constexpr std::chrono::hours declined_kept_for{24 * 7};
 // the number of documents recovered.
 int offer_recovery(Application& app);
 
+// Removes what a write cut short by a kill left in recovery/: the scratch
+// files named ".NAME.NNN.saving" (the copy itself, whole, stands beside them
+// or never was). Only an editor that is alone on the home folder calls it.
+void remove_cut_short_copies(const std::filesystem::path& home);
+
 // Moves a copy to recovery/declined/, where it is kept a week from now.
 void decline_recovery_copy(const std::filesystem::path& home, const std::filesystem::path& copy);
 

@@ -291,10 +291,13 @@ TEST_F(RecoveryTest, NoSetsTheCopiesAsideForAWeek)
     EXPECT_TRUE(list_recovery_copies(recovery()).empty());
     const auto aside = copies_in(declined());
     ASSERT_EQ(aside.size(), 1u);
-    // No question at the next start: nothing is left to recover.
+    // No question at the next start: nothing is left to recover, and the
+    // scratch file of a write that a kill cut short is gone.
+    std::ofstream(recovery() / ".abc-1.recovery.12345.saving") << "half";
     next.lines();
     EXPECT_EQ(offer_recovery(next.app), 0);
     EXPECT_TRUE(next.lines().empty());
+    EXPECT_FALSE(fs::exists(recovery() / ".abc-1.recovery.12345.saving"));
 
     // A week counts from the No.
     const auto now = fs::file_time_type::clock::now();

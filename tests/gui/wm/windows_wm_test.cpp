@@ -202,7 +202,9 @@ private Q_SLOTS:
         QVERIFY(!bar->isVisible());
     }
 
-    void no_usb_device_is_the_same_box_in_download_and_upload()
+    // Download's box carries the exclamation mark, as every failure of the
+    // link does; Upload's has the plain style.
+    void no_usb_device_in_download_and_upload()
     {
         Editor e;
         e.remote->add_fault(emulator::Fault::absent);
@@ -213,7 +215,8 @@ private Q_SLOTS:
         QCOMPARE(boxes.seen.size(), std::size_t(2));
         QCOMPARE(boxes.seen[0].text, QString("no usb device"));
         QCOMPARE(boxes.seen[1].text, QString("no usb device"));
-        QCOMPARE(boxes.seen[0].icon, boxes.seen[1].icon);
+        QCOMPARE(boxes.seen[0].icon, QMessageBox::Warning);
+        QCOMPARE(boxes.seen[1].icon, QMessageBox::NoIcon);
     }
 };
 
