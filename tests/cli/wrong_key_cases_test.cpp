@@ -291,6 +291,21 @@ TEST_F(WrongKey, APastedDeviceWithStepsOnAPunchedKeyPlaysThem)
     expect_sound();
 }
 
+TEST_F(WrongKey, TheSleepTimerOfAHiddenDevicesHomeKeyLeavesItsHiddenMark)
+{
+    run_all({"new", "add-device", "select DEVICE11", "hide", "select HOME1\\PAGE1", "key soft 1"});
+    const SoftKey& key = config().home_pages[0].slots[1];
+    ASSERT_EQ(key.key_state, 128);
+    run("sleep off");  // the box is clear: nothing to reset
+    EXPECT_EQ(key.key_state, 128);
+    run_all({"sleep on"});
+    EXPECT_EQ(key.key_state, 129);
+    run_all({"sleep off"});
+    EXPECT_EQ(key.key_state, 128);
+    EXPECT_EQ(config().device_table[1].hidden, hidden_flag);
+    expect_sound();
+}
+
 // A file made elsewhere, with two HOME keys on one row and a link whose key
 // moved away: the deep check names both in the tree's words.
 TEST_F(WrongKey, CheckDeepNamesEveryKeyThatWouldPlayWrongly)

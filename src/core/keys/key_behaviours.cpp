@@ -148,6 +148,8 @@ void keep_own_steps_unpunched(Configuration& config, int device)
     }
 }
 
+int sleep_timer_count(bool home, std::uint8_t key_state) { return home ? key_state & 0x7F : key_state; }
+
 int check_hardsleepflag(const Configuration& config, int device, int key)
 {
     if (!valid_device(device) || key < 0 || key >= hardkeys_per_device) return 0;
@@ -171,9 +173,11 @@ bool Check2_Click(Application& app, const KeyTarget& target, bool checked)
     std::uint8_t* flag = nullptr;
     if (place->kind == kind_hard) flag = &config.hardkeys[static_cast<std::size_t>(place->hard_entry)].sleep_flag;
     else if (SoftKey* key = softkey_at(config, *place)) flag = &key->key_state;
-    const int now = flag ? *flag : 0;
-    // The box shows the state, so a Set finds the byte below 255 and a Reset above 0.
-    if (checked ? now == 255 : now == 0) return false;
+    const bool home_mark = place->kind != kind_hard && place->home;
+    const int now = flag ? sleep_timer_count(home_mark, *flag) : 0;
+    // The box shows the state, so a Set finds the count below its top and a
+    // Reset above 0; a HOME key's hidden mark is never touched.
+    if (checked ? now == (home_mark ? 127 : 255) : now == 0) return false;
     if (!flag && (place->home || place->position >= 128 ||
                   config.page_table[static_cast<std::size_t>(place->page_row)].key_count >= softkeys_per_page ||
                   search_softkeyno(config) >= softkey_label_rows))

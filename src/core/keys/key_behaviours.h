@@ -37,6 +37,9 @@ void own_punch_through(Configuration& config, int key, int owner);
 // A device row whose hard key has steps of its own is no longer punched
 // through there, so that the remote plays what the user sees.
 void keep_own_steps_unpunched(Configuration& config, int device);
+// The sleep timer's count in a soft key's key_state: on a HOME key the top
+// bit marks a hidden device, so the timer counts in the other seven bits.
+int sleep_timer_count(bool home, std::uint8_t key_state);
 // The sleep_flag of hard key `key` of device row `device`.
 int check_hardsleepflag(const Configuration& config, int device, int key);
 

@@ -18,7 +18,7 @@ void fill_softkey(Application& app, const KeyTarget& target, const KeyPlace& pla
 {
     const Configuration& config = app.config(target.slot);
     const SoftKey* key = softkey_at(config, place);
-    panel.check2 = key && key->key_state > 0;
+    panel.check2 = key && sleep_timer_count(place.home, key->key_state) > 0;
     // A left button of a device's page: without a key of its own it runs the right one's.
     if (!place.home && place.position >= 128) {
         panel.check3_shown = true;
