@@ -145,6 +145,14 @@ TEST(RecoveryKill, CopiesLeftByAKilledEditorPassTheCheckAndHoldAnImageItHadShown
     StartedEditor editor(home.path());
     std::mt19937 random(first_seed);
     std::uniform_int_distribution<int> delay_us(10000, 150000);
+    std::uniform_int_distribution<int> progress_bytes(1, 600);
+    std::uniform_int_distribution<int> extra_us(0, 10000);
+    const fs::path shown_log = home.path() / "shown.log";
+    const auto log_size = [&shown_log] {
+        std::error_code ec;
+        const auto size = fs::file_size(shown_log, ec);
+        return ec ? std::uintmax_t{0} : size;
+    };
     int copies_checked = 0;
     int saves_seen = 0;
     int starts_with_copies = 0;
@@ -153,8 +161,19 @@ TEST(RecoveryKill, CopiesLeftByAKilledEditorPassTheCheckAndHoldAnImageItHadShown
         if (!list_recovery_copies(home.path() / "recovery").empty()) ++starts_with_copies;
         const pid_t child = fork();
         ASSERT_GE(child, 0);
+        const std::uintmax_t before = log_size();
         if (child == 0) run_editor(editor, home.path(), seed);
-        ::usleep(static_cast<useconds_t>(delay_us(random)));
+        // Mostly the kill waits for the editor's own progress, some states
+        // shown (so that a slow build, the sanitizers', meets as many copies
+        // as a fast one), then a moment more; one kill in five is at a
+        // moment of the clock alone, the start included.
+        if (random() % 5 == 0) {
+            ::usleep(static_cast<useconds_t>(delay_us(random)));
+        } else {
+            const std::uintmax_t target = before + static_cast<std::uintmax_t>(progress_bytes(random));
+            for (int waited = 0; waited < 5000 && log_size() < target; ++waited) ::usleep(1000);
+            ::usleep(static_cast<useconds_t>(extra_us(random)));
+        }
         ::kill(child, SIGKILL);
         int status = 0;
         ASSERT_EQ(::waitpid(child, &status, 0), child);
