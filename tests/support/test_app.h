@@ -70,6 +70,16 @@ private:
     std::filesystem::path path_;
 };
 
+// The lines printed into `out` so far, one a line; `out` forgets them.
+inline std::vector<std::string> take_printed_lines(std::ostringstream& out)
+{
+    std::vector<std::string> lines;
+    std::istringstream in(out.str());
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    out.str("");
+    return lines;
+}
+
 inline std::vector<std::uint8_t> read_bytes(const std::filesystem::path& path)
 {
     std::ifstream in(path, std::ios::binary);
@@ -136,14 +146,7 @@ struct BasicTestApp {
     Application app{ui, clock, launcher, files, home.path()};
 
     // The lines printed so far, and forget them.
-    std::vector<std::string> take_lines()
-    {
-        std::vector<std::string> lines;
-        std::istringstream in(out.str());
-        for (std::string line; std::getline(in, line);) lines.push_back(line);
-        out.str("");
-        return lines;
-    }
+    std::vector<std::string> take_lines() { return take_printed_lines(out); }
     // The lines of the day's log (the virtual clock's day).
     std::vector<std::string> log_lines() const
     {

@@ -55,14 +55,7 @@ struct Editor {
             app.recovery().tick();
         }
     }
-    std::vector<std::string> lines()
-    {
-        std::vector<std::string> all;
-        std::istringstream in(out.str());
-        for (std::string line; std::getline(in, line);) all.push_back(line);
-        out.str("");
-        return all;
-    }
+    std::vector<std::string> lines() { return testing::take_printed_lines(out); }
 };
 
 std::vector<fs::path> copies_in(const fs::path& folder)
